@@ -1,0 +1,63 @@
+#pragma once
+
+// Entry class of the controller panel module. A host creates one, loads the
+// resource module with Initialize, and opens the panel of a named controller:
+//
+//   CKRNProMachineInterface panels;
+//   panels.Initialize("");                         // KRNPANEL.rcc beside the library
+//   if (panels.KRNDoModal(record, "FANUC-A") && panels.IsOK())
+//       record = panels.GetMachineData();
+//
+// Every call comes from the host's user-interface thread. No exception leaves
+// this class; failures are told by return values.
+
+#include "KRNExport.h"
+#include "KRNMachineData.h"
+
+#include <cstdint>
+#include <string>
+
+class CMachineDialogHolder;
+
+class KRN_API CKRNProMachineInterface {
+public:
+    CKRNProMachineInterface();
+    // A copy gets a holder of its own: two interfaces never share a hosted panel.
+    CKRNProMachineInterface(const CKRNProMachineInterface& other);
+    CKRNProMachineInterface& operator=(const CKRNProMachineInterface& other);
+    virtual ~CKRNProMachineInterface();
+
+    // Loads the resource module and makes it current: an empty name means
+    // KRNPANEL.rcc beside the library; a name ending in ".dll" that is not found
+    // is tried with ".rcc". Returns 1 on success, 0 when the module is missing
+    // or unreadable (the current module is then left as it was).
+    int Initialize(const std::string& moduleName);
+
+    // Shows the panel of controllerName modally on a copy of data. Returns 1
+    // when the name is a known controller (whatever the user did), 0 when not.
+    virtual std::int64_t KRNDoModal(CKRNMachineData data, std::string controllerName);
+
+    // Opens the panel without a modal loop (Polypax, Fanuc S2000i and Universal
+    // Multishot controllers); other names only store the record and type.
+    void CreateMachineDialog(CKRNMachineData data, std::string controllerName);
+
+    CKRNMachineData GetMachineData() const;
+    int IsOK() const;
+    void SetHasUpdate(bool value);
+    bool CanUpdate() const;
+    int GetControllerType() const;
+    // 1 when panels exist for machines of this maker (exact, case-sensitive).
+    int IsSupportMachieInterface(const std::string& makerName) const;
+
+private:
+    bool CheckController(const std::string& name);
+    std::int64_t CallMachineDLg(CKRNMachineData data);
+
+    void* m_hSavedResource;
+    int m_nInitResult;
+    int m_nControllerType;
+    CKRNMachineData m_MachineData;
+    CMachineDialogHolder* m_pHolder;
+    bool m_bResult;
+    bool m_bHasUpdate;
+};

@@ -1,0 +1,23 @@
+// The tests run like a host: one QApplication (offscreen under CTest), the
+// resource module of this build made current, and messages captured instead
+// of shown (see KRNTestSupport.h).
+
+#include "KRNResources.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    void* module = KRNResources::Load(KRN_TEST_RESOURCE_MODULE);
+    if (!module) {
+        std::fprintf(stderr, "the resource module %s is missing: build the KRNPANEL target\n", KRN_TEST_RESOURCE_MODULE);
+        return 2;
+    }
+    KRNResources::SetCurrent(module);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,94 @@
+#include "KRNNumberText.h"
+
+#include <cerrno>
+#include <climits>
+#include <clocale>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#if defined(__unix__) || defined(__APPLE__)
+#include <locale.h>
+#if defined(__APPLE__)
+#include <xlocale.h>
+#endif
+#define KRN_HAVE_USELOCALE 1
+#endif
+
+namespace {
+
+#if KRN_HAVE_USELOCALE
+// Switches this thread to the "C" rules for one call.
+class ClassicLocale {
+public:
+    ClassicLocale() : m_previous(uselocale(Classic())) {}
+    ~ClassicLocale() { uselocale(m_previous); }
+    ClassicLocale(const ClassicLocale&) = delete;
+    ClassicLocale& operator=(const ClassicLocale&) = delete;
+
+private:
+    static locale_t Classic() {
+        static locale_t c = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(nullptr));
+        return c;
+    }
+    locale_t m_previous;
+};
+#else
+class ClassicLocale {};
+#endif
+
+}  // namespace
+
+QString KRNFormat(const char* format, ...) {
+    ClassicLocale classic;
+    char buffer[256];
+    va_list args;
+    va_start(args, format);
+    va_list again;
+    va_copy(again, args);
+    const int n = std::vsnprintf(buffer, sizeof buffer, format, args);
+    va_end(args);
+    QString result;
+    if (n < 0) {
+        result = QString();
+    } else if (static_cast<std::size_t>(n) < sizeof buffer) {
+        result = QString::fromUtf8(buffer, n);
+    } else {
+        std::vector<char> big(static_cast<std::size_t>(n) + 1);
+        std::vsnprintf(big.data(), big.size(), format, again);
+        result = QString::fromUtf8(big.data(), n);
+    }
+    va_end(again);
+    return result;
+}
+
+double KRNStrtod(const char* text, const char** end) {
+    if (!text) {
+        if (end) *end = text;
+        return 0.0;
+    }
+    ClassicLocale classic;
+    char* stop = nullptr;
+    const double value = std::strtod(text, &stop);
+    if (end) *end = stop;
+    return value;
+}
+
+double KRNAtof(const char* text) { return KRNStrtod(text, nullptr); }
+
+double KRNAtof(const QString& text) { return KRNAtof(text.toUtf8().constData()); }
+
+int KRNAtoi(const char* text) {
+    if (!text) return 0;
+    ClassicLocale classic;
+    errno = 0;
+    const long value = std::strtol(text, nullptr, 10);
+    if (value > INT_MAX) return INT_MAX;
+    if (value < INT_MIN) return INT_MIN;
+    return static_cast<int>(value);
+}
+
+int KRNAtoi(const QString& text) { return KRNAtoi(text.toUtf8().constData()); }
+
+QString FormatNumber(double value) { return KRNFormat("%lg", value); }
