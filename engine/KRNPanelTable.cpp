@@ -2,11 +2,38 @@
 
 #include "CMachineDialogHolder.h"
 
+#include <array>
+
 namespace {
+
+// "FANUC-B" shares type 4 with "Sodick-TRD6".
+constexpr std::array<KRNControllerName, 18> kControllers{{
+    {"TACT", 0},
+    {"NC9300T", 1},
+    {"FCS-3000", 2},
+    {"FANUC-Series", 3},
+    {"Sodick-TRD6", 4},
+    {"SUMITOMO-450HD", 5},
+    {"SELOGICA", 6},
+    {"CLF-Series", 7},
+    {"JSW-Series", 8},
+    {"NIIGATA-Series", 9},
+    {"Polypax-Series", 10},
+    {"FANUC-A", 11},
+    {"FANUC-B", 4},
+    {"Taichung machinery-Series", 12},
+    {"MITSUBISHI-Electric", 13},
+    {"MITSUBISHI-Hydraulic", 14},
+    {"UMS-Series", 15},
+    {"CHEN HSONG-CDC2000", 16},
+}};
+
 const KRNPanelEntry kPanels[] = {
     {-1, nullptr, nullptr},  // keeps the table well-formed while it has no panel
 };
 }  // namespace
+
+std::span<const KRNControllerName> KRNControllerTable() { return kControllers; }
 
 const KRNPanelEntry* KRNFindPanel(int controllerType) {
     for (const KRNPanelEntry& entry : kPanels)

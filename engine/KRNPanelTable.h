@@ -6,8 +6,23 @@
 #include "KRNMachineData.h"
 
 #include <memory>
+#include <span>
+#include <string_view>
 
 class IKRNHostedPanel;
+
+// A controller name as hosts pass it, and the controller type it stands for.
+struct KRNControllerName {
+    std::string_view name;
+    int type;
+};
+
+// The names in the order they are tried; the first exact match wins.
+std::span<const KRNControllerName> KRNControllerTable();
+
+// Controller types 0 to 5 have no panel; 6 to 16 each have one.
+constexpr int kKRNFirstPanelType = 6;
+constexpr int kKRNLastPanelType = 16;
 
 struct KRNPanelEntry {
     int controllerType;

@@ -5,42 +5,8 @@
 #include "KRNProcessMachineEngineApp.h"
 #include "KRNResources.h"
 
-#include <array>
 #include <string_view>
 
-namespace {
-
-struct ControllerName {
-    std::string_view name;
-    int type;
-};
-
-// Tried in this order; the first exact match wins. "FANUC-B" shares type 4.
-constexpr std::array<ControllerName, 18> kControllers{{
-    {"TACT", 0},
-    {"NC9300T", 1},
-    {"FCS-3000", 2},
-    {"FANUC-Series", 3},
-    {"Sodick-TRD6", 4},
-    {"SUMITOMO-450HD", 5},
-    {"SELOGICA", 6},
-    {"CLF-Series", 7},
-    {"JSW-Series", 8},
-    {"NIIGATA-Series", 9},
-    {"Polypax-Series", 10},
-    {"FANUC-A", 11},
-    {"FANUC-B", 4},
-    {"Taichung machinery-Series", 12},
-    {"MITSUBISHI-Electric", 13},
-    {"MITSUBISHI-Hydraulic", 14},
-    {"UMS-Series", 15},
-    {"CHEN HSONG-CDC2000", 16},
-}};
-
-constexpr int kFirstPanelType = 6;
-constexpr int kLastPanelType = 16;
-
-}  // namespace
 
 CKRNProMachineInterface::CKRNProMachineInterface()
     : m_hSavedResource(nullptr),
@@ -89,7 +55,7 @@ int CKRNProMachineInterface::Initialize(const std::string& moduleName) {
 }
 
 bool CKRNProMachineInterface::CheckController(const std::string& name) {
-    for (const ControllerName& row : kControllers) {
+    for (const KRNControllerName& row : KRNControllerTable()) {
         if (name == row.name) {
             m_nControllerType = row.type;
             return true;
@@ -116,9 +82,9 @@ std::int64_t CKRNProMachineInterface::CallMachineDLg(CKRNMachineData data) {
 
     std::int64_t dispatched = 0;
     const int type = holder.m_nControllerType;
-    if (type >= 0 && type < kFirstPanelType) {
+    if (type >= 0 && type < kKRNFirstPanelType) {
         dispatched = 1;  // known controller without a panel
-    } else if (type >= kFirstPanelType && type <= kLastPanelType) {
+    } else if (type >= kKRNFirstPanelType && type <= kKRNLastPanelType) {
         const KRNPanelEntry* panel = KRNFindPanel(type);
         if (panel && CKRNProcessMachineEngineApp::Instance().InitInstance()) {
             CKRNMachineData record = holder.m_MachineData;

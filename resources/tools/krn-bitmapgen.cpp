@@ -6,7 +6,7 @@
 //   krn-bitmapgen OUTDIR --strings FILE --forms FORM.ui... --manifests FILE...
 //
 // Manifest lines (one item per "bitmap" or "cursor" line, drawing steps below
-// it, indented; '#' starts a comment; colours as #rrggbb or Qt colour names):
+// it, indented; "# " starts a comment; colours as #rrggbb or Qt colour names):
 //   bitmap ID WxH BACKGROUND
 //     key "CAPTION" TEXTCOLOR [SIZE]        raised machine key with its caption
 //     fill X Y W H COLOR
@@ -42,9 +42,14 @@ QStringList Tokens(const QString& line) {
     QStringList out;
     QString cur;
     bool quoted = false, any = false;
-    for (QChar c : line) {
+    for (qsizetype at = 0; at < line.size(); ++at) {
+        const QChar c = line[at];
         if (c == QLatin1Char('"')) { quoted = !quoted; any = true; continue; }
-        if (!quoted && c == QLatin1Char('#')) break;
+        // '#' starts a comment at the start of a line, or at the start of a
+        // word when a blank follows; "#rrggbb" is a colour.
+        if (!quoted && !any && c == QLatin1Char('#')) {
+            if (out.isEmpty() || at + 1 >= line.size() || line[at + 1].isSpace()) break;
+        }
         if (!quoted && c.isSpace()) {
             if (any) out << cur;
             cur.clear();

@@ -1,0 +1,52 @@
+#pragma once
+
+// Drives open panels with no one at the keyboard: finds the topmost panel
+// dialog and its visible controls by number, and types, leaves, clicks and
+// presses keys the way a person would. krn-panel's scripts and the tests use it.
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+class CKRNDialog;
+class QWidget;
+
+namespace KRNDriver {
+
+// The topmost open panel dialog: a modal one (a keypad over its page) first,
+// else the last visible panel window; null when none is open.
+CKRNDialog* TopDialog();
+
+// The visible control `id` of `dialog` (on the page now shown, or the
+// dialog's own); null when there is none.
+QWidget* VisibleControl(QWidget* dialog, int id);
+
+// The text a person sees in a control.
+QString Text(QWidget* control);
+
+// The whole text becomes `text` in one change.
+void Type(QWidget* control, const QString& text);
+// The whole text is selected, then `text` is typed a character at a time.
+void Keys(QWidget* control, const QString& text);
+// The control loses the focus.
+void Leave(QWidget* control);
+void Click(QWidget* control);
+// Enter or Escape pressed in `dialog` (on its focused field when it has one).
+void PressKey(QWidget* dialog, int qtKey);
+
+// The pages of a panel: the widgets of its page stack, or the dialog alone.
+QList<QWidget*> Pages(QWidget* dialog);
+// Makes `page` the shown page of its stack without committing anything (for
+// pictures); returns the page shown before.
+QWidget* ShowPageForPicture(QWidget* dialog, QWidget* page);
+int TemplateOf(QWidget* page);
+
+// Runs `whileOpen` inside the modal loop that `open` starts; panels still
+// open afterwards are cancelled, so `open` always returns.
+void RunWhileOpen(const std::function<void()>& whileOpen, const std::function<void()>& open);
+
+// Cancels every open panel dialog, topmost first.
+void CancelAll();
+
+}  // namespace KRNDriver

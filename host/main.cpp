@@ -1,0 +1,245 @@
+// krn-panel: a host of the controller panel module, and the way to use the
+// panels with no one at the screen (scripts, pictures, field dumps).
+
+#include "arburg_selogica/CKRNMachineArburgCalc.h"
+#include "KRNPanelMessages.h"
+#include "KRNPanelTable.h"
+#include "KRNProMachineInterface.h"
+#include "KRNRecordJson.h"
+#include "KRNSampleRecord.h"
+#include "KRNScript.h"
+
+#if __has_include("ChartGallery.h")
+#include "ChartGallery.h"
+#define KRN_HAVE_CHART_GALLERY 1
+#endif
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+
+namespace {
+
+const char kHelp[] = R"(krn-panel: opens a controller panel of the KRNProcessMachineEngine module.
+
+Usage:
+  krn-panel CONTROLLER [--record FILE.json] [--readonly] [--out FILE.json]
+                       [--script FILE] [--shots DIR] [--dump]
+  krn-panel keypad VALUE MAX [--script FILE] [--shots DIR] [--dump]
+  krn-panel charts DIR
+  krn-panel --list
+  krn-panel --help
+
+CONTROLLER is a controller name exactly as a host passes it (e.g. "FANUC-A",
+"JSW-Series"; --list shows them all). The panel opens modally on the record of
+--record (a sample record when none is given; --readonly marks it read-only).
+After OK the returned record is written as JSON to --out, or to standard output;
+after Cancel nothing is written. A controller that has no panel writes the
+record back unchanged, as the module returns it.
+
+Record JSON: one object whose keys are the record's item names:
+  MI_FILLING_TIME ... MI_INJECTION_VOLUME_3 (numbers; MI_VP_SWITCH_CTRL a whole
+  number; MI_READ_ONLY true/false; MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE,
+  MI_ICMF_PROFILE as [[x, y], ...]), MC_SCREW_DIAMETER ... MC_SPEC_6 (numbers),
+  PI_PROCESS_NAME, PI_MATERIAL_NAME, PI_PROCESS_TEXT (texts), PI_PROCESS_VALUE
+  (whole number), language (text), pressureUnit and customMode (whole numbers).
+  Keys left out keep the sample record's values.
+
+--script FILE drives the panel, one action a line ('#' starts a comment):
+  type ID TEXT     the control's whole text becomes TEXT in one change
+  keys ID TEXT     the text is selected, then TEXT is typed a character at a time
+  leave ID         the control loses the focus
+  click ID         presses a button (ID may be IDOK or IDCANCEL)
+  key enter|escape presses Enter or Escape
+  expect ID TEXT   the control shows TEXT (blanks at both ends ignored), else exit 1
+  shot FILE.png    a picture of the topmost dialog
+  ok | cancel      the panel's OK or Cancel command
+Actions go to the topmost dialog (a keypad opened by the panel while it is
+open); ID is the number of a visible control. Messages the panel shows are
+printed to standard error as "message: CAPTION: TEXT". A script that ends
+without ok or cancel cancels.
+
+--shots DIR writes a PNG of every page (DIR/<template>.png) as the panel opens;
+--dump prints every visible numbered field of every page as
+"<page template> <id> <text>". With --shots or --dump and no --script the panel
+closes after them; with no display Qt's offscreen platform is used.
+
+keypad VALUE MAX opens the stage-count keypad alone and prints the chosen value
+after confirm. charts DIR draws every profile chart look into DIR/<class>.png.
+
+Exit codes: 0 done, 1 a script expectation failed, 2 bad usage or bad input.
+)";
+
+int Usage(const QString& problem) {
+    std::fprintf(stderr, "krn-panel: %s\n(krn-panel --help explains the usage)\n", qPrintable(problem));
+    return 2;
+}
+
+void PrintControllers(FILE* out) {
+    for (const KRNControllerName& row : KRNControllerTable())
+        std::fprintf(out, "  \"%.*s\"%s\n", static_cast<int>(row.name.size()), row.name.data(),
+                     KRNFindPanel(row.type) ? "" : "  (no panel)");
+}
+
+struct Options {
+    QString controller;
+    QString record, out, script, shots;
+    bool readOnly = false, dump = false;
+    QStringList positional;
+};
+
+std::optional<Options> Parse(const QStringList& args, QString& problem) {
+    Options o;
+    for (int i = 0; i < args.size(); ++i) {
+        const QString& a = args[i];
+        auto value = [&](QString& target) {
+            if (i + 1 >= args.size()) {
+                problem = a + QStringLiteral(" needs a value");
+                return false;
+            }
+            target = args[++i];
+            return true;
+        };
+        if (a == QLatin1String("--record")) { if (!value(o.record)) return std::nullopt; }
+        else if (a == QLatin1String("--out")) { if (!value(o.out)) return std::nullopt; }
+        else if (a == QLatin1String("--script")) { if (!value(o.script)) return std::nullopt; }
+        else if (a == QLatin1String("--shots")) { if (!value(o.shots)) return std::nullopt; }
+        else if (a == QLatin1String("--readonly")) o.readOnly = true;
+        else if (a == QLatin1String("--dump")) o.dump = true;
+        else if (a.startsWith(QLatin1String("--"))) { problem = QStringLiteral("unknown option ") + a; return std::nullopt; }
+        else o.positional << a;
+    }
+    if (o.positional.isEmpty()) {
+        problem = QStringLiteral("name a controller");
+        return std::nullopt;
+    }
+    o.controller = o.positional.takeFirst();
+    return o;
+}
+
+// Loads the script and prepares the pictures and dump taken as the panel opens.
+bool PrepareScript(const Options& o, KRNScript& script, QString& problem) {
+    if (!o.script.isEmpty() && !script.Load(o.script, problem)) return false;
+    if (!o.shots.isEmpty() && !QDir().mkpath(o.shots)) {
+        problem = QStringLiteral("cannot create the folder %1").arg(o.shots);
+        return false;
+    }
+    script.SetOpening(o.shots, o.dump);
+    return true;
+}
+
+bool WriteRecord(const CKRNMachineData& record, const QString& out) {
+    const QByteArray json = KRNWriteRecordJson(record);
+    if (out.isEmpty()) {
+        std::fwrite(json.constData(), 1, static_cast<std::size_t>(json.size()), stdout);
+        return true;
+    }
+    QFile file(out);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(json) != json.size()) {
+        std::fprintf(stderr, "krn-panel: cannot write %s\n", qPrintable(out));
+        return false;
+    }
+    return true;
+}
+
+int RunKeypad(const Options& o) {
+    if (o.positional.size() != 2) return Usage(QStringLiteral("keypad takes VALUE and MAX"));
+    bool okValue = false, okMax = false;
+    const int value = o.positional[0].toInt(&okValue);
+    const int max = o.positional[1].toInt(&okMax);
+    if (!okValue || !okMax) return Usage(QStringLiteral("keypad VALUE and MAX must be whole numbers"));
+    QString problem;
+    KRNScript script;
+    if (!PrepareScript(o, script, problem)) return Usage(problem);
+
+    CKRNMachineArburgCalc keypad;
+    keypad.m_nValue = value;
+    keypad.m_nMaxValue = max;
+    keypad.m_bTenPending = 0;
+    int result = IDCANCEL;
+    script.Run([&] { result = keypad.DoModal(); });
+    if (result == IDOK) std::printf("%d\n", keypad.m_nValue);
+    return script.ExitCode();
+}
+
+int RunPanel(const Options& o) {
+    CKRNMachineData record = KRNSampleRecord();
+    if (!o.record.isEmpty()) {
+        QFile file(o.record);
+        if (!file.open(QIODevice::ReadOnly)) return Usage(QStringLiteral("cannot read %1").arg(o.record));
+        QString problem;
+        if (!KRNReadRecordJson(file.readAll(), record, problem))
+            return Usage(QStringLiteral("%1: %2").arg(o.record, problem));
+    }
+    if (o.readOnly) record.SetMachineData(MI_READ_ONLY, true);
+
+    QString problem;
+    KRNScript script;
+    if (!PrepareScript(o, script, problem)) return Usage(problem);
+
+    CKRNProMachineInterface panels;
+    if (!panels.Initialize("")) {
+        std::fprintf(stderr, "krn-panel: the resource module KRNPANEL.rcc was not found beside the library\n");
+        return 2;
+    }
+    std::int64_t known = 0;
+    script.Run([&] { known = panels.KRNDoModal(record, o.controller.toStdString()); });
+    if (!known) {
+        std::fprintf(stderr, "krn-panel: \"%s\" is no controller name; the names are:\n", qPrintable(o.controller));
+        PrintControllers(stderr);
+        return 2;
+    }
+    const bool hasPanel = KRNFindPanel(panels.GetControllerType()) != nullptr;
+    if ((panels.IsOK() || !hasPanel) && !WriteRecord(panels.GetMachineData(), o.out)) return 2;
+    return script.ExitCode();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // Without a display the panels still open, on Qt's offscreen platform.
+    if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") && !std::getenv("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    const QStringList args = app.arguments().mid(1);
+
+    if (args.isEmpty()) return Usage(QStringLiteral("name a controller"));
+    if (args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
+        std::fputs(kHelp, stdout);
+        return 0;
+    }
+    if (args.first() == QLatin1String("--list")) {
+        PrintControllers(stdout);
+        return 0;
+    }
+
+    KRNSetMessageHandler([](const std::string& caption, const std::string& text) {
+        QString shown = QString::fromStdString(text);
+        shown.replace(QLatin1Char('\n'), QStringLiteral("\\n"));
+        std::fprintf(stderr, "message: %s: %s\n", caption.c_str(), qPrintable(shown));
+    });
+
+    if (args.first() == QLatin1String("charts")) {
+        if (args.size() != 2) return Usage(QStringLiteral("charts takes one folder"));
+#if KRN_HAVE_CHART_GALLERY
+        return KRNChartGallery(args[1]);
+#else
+        return Usage(QStringLiteral("this build has no chart gallery"));
+#endif
+    }
+
+    QString problem;
+    const std::optional<Options> options = Parse(args, problem);
+    if (!options) return Usage(problem);
+    if (options->controller == QLatin1String("keypad")) {
+        // The keypad's template comes from the resource module like any panel's.
+        CKRNProMachineInterface module;
+        if (!module.Initialize("")) return Usage(QStringLiteral("the resource module KRNPANEL.rcc was not found"));
+        return RunKeypad(*options);
+    }
+    return RunPanel(*options);
+}

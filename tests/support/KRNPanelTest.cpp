@@ -1,0 +1,41 @@
+#include "KRNPanelTest.h"
+
+#include "CKRNDialog.h"
+
+#include <gtest/gtest.h>
+
+namespace KRNTest {
+
+QWidget* Field(int id) {
+    CKRNDialog* top = KRNDriver::TopDialog();
+    QWidget* w = KRNDriver::VisibleControl(top, id);
+    EXPECT_NE(w, nullptr) << "no visible control " << id << " on template " << (top ? top->TemplateId() : 0);
+    return w;
+}
+
+std::string Text(int id) { return KRNDriver::Text(Field(id)).trimmed().toStdString(); }
+
+bool Enabled(int id) {
+    QWidget* w = Field(id);
+    return w && w->isEnabled();
+}
+
+void Type(int id, const QString& text) { KRNDriver::Type(Field(id), text); }
+void Keys(int id, const QString& text) { KRNDriver::Keys(Field(id), text); }
+void Leave(int id) { KRNDriver::Leave(Field(id)); }
+void Click(int id) { KRNDriver::Click(Field(id)); }
+void PressKey(int qtKey) { KRNDriver::PressKey(KRNDriver::TopDialog(), qtKey); }
+
+void OK() {
+    if (CKRNDialog* top = KRNDriver::TopDialog()) top->OnOK();
+}
+
+void Cancel() {
+    if (CKRNDialog* top = KRNDriver::TopDialog()) top->OnCancel();
+}
+
+void WhileOpen(const std::function<void()>& open, const std::function<void()>& whileOpen) {
+    KRNDriver::RunWhileOpen(whileOpen, open);
+}
+
+}  // namespace KRNTest

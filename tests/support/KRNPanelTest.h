@@ -1,0 +1,37 @@
+#pragma once
+
+// Helpers for tests that read like a person at the screen: open a panel (or
+// any dialog of the module), then type, leave, click and read fields by their
+// numbers while it is open.
+
+#include "KRNMessageCapture.h"
+#include "KRNPanelDriver.h"
+
+#include <QString>
+
+#include <functional>
+#include <string>
+
+class CKRNDialog;
+
+namespace KRNTest {
+
+// The field `id` of the topmost panel dialog; fails the test when absent.
+QWidget* Field(int id);
+// Its text, blanks at both ends removed.
+std::string Text(int id);
+bool Enabled(int id);
+void Type(int id, const QString& text);
+void Keys(int id, const QString& text);
+void Leave(int id);
+void Click(int id);
+void PressKey(int qtKey);
+// OK or Cancel on the topmost dialog.
+void OK();
+void Cancel();
+
+// Runs `whileOpen` inside the modal loop started by `open`; whatever is left
+// open is cancelled.
+void WhileOpen(const std::function<void()>& open, const std::function<void()>& whileOpen);
+
+}  // namespace KRNTest
