@@ -96,6 +96,11 @@ bool CKRNDialog::LoadTemplate() {
         }
     }
     m_bCreated = true;
+    // OK and Cancel buttons are the dialog's OK and Cancel commands.
+    if (auto* ok = qobject_cast<QAbstractButton*>(GetDlgItem(IDOK)))
+        connect(ok, &QAbstractButton::clicked, this, [this] { OnOK(); });
+    if (auto* cancel = qobject_cast<QAbstractButton*>(GetDlgItem(IDCANCEL)))
+        connect(cancel, &QAbstractButton::clicked, this, [this] { OnCancel(); });
     for (const MapEntry& entry : m_MessageMap) Connect(entry);
     if (m_bHasDialogColor) SetDialogColor(m_DialogColor.text, m_DialogColor.background);
     for (auto it = m_Colors.cbegin(); it != m_Colors.cend(); ++it)

@@ -1,6 +1,7 @@
 #include "KRNNumberText.h"
 
 #include <cerrno>
+#include <cmath>
 #include <climits>
 #include <clocale>
 #include <cstdarg>
@@ -75,7 +76,10 @@ double KRNStrtod(const char* text, const char** end) {
     return value;
 }
 
-double KRNAtof(const char* text) { return KRNStrtod(text, nullptr); }
+double KRNAtof(const char* text) {
+    const double value = KRNStrtod(text, nullptr);
+    return std::isfinite(value) ? value : 0.0;
+}
 
 double KRNAtof(const QString& text) { return KRNAtof(text.toUtf8().constData()); }
 

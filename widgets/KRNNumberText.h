@@ -17,7 +17,9 @@ QString KRNFormat(const char* format, ...)
 
 // strtod with the "C" rules; *end (when given) points past the number read.
 double KRNStrtod(const char* text, const char** end);
-// atof semantics: the leading number, 0.0 when there is none.
+// atof semantics: the leading number, 0.0 when there is none. "nan", "inf"
+// and overflowing numbers read as 0.0 too: a field never yields a value that
+// could corrupt a record.
 double KRNAtof(const char* text);
 double KRNAtof(const QString& text);
 // atoi semantics: the leading whole number, 0 when there is none; out-of-range

@@ -1,0 +1,91 @@
+#include "CKRNPanelFrame.h"
+
+#include "CKRNPanelPage.h"
+#include "KRNPanelKeys.h"
+#include "KRNProMachineInterface.h"
+
+#include <QStackedWidget>
+
+CKRNPanelFrame::CKRNPanelFrame(int templateId, const CKRNMachineData& data, QWidget* parent)
+    : CKRNDialog(templateId, parent), m_MachineData(data) {}
+
+void CKRNPanelFrame::SetHost(CKRNProMachineInterface* host) {
+    m_pHost = host;
+    m_bHosted = true;
+}
+
+bool CKRNPanelFrame::CreatePages(int placeholderId, const std::vector<CKRNPanelPage*>& pages) {
+    if (PagesCreated()) return true;
+    QWidget* placeholder = GetDlgItem(placeholderId);
+    if (!placeholder) return false;
+    m_pStack = new QStackedWidget(placeholder->parentWidget());
+    m_pStack->setObjectName(QStringLiteral("KRNPages"));  // where krn-panel finds the pages
+    m_pStack->setGeometry(placeholder->geometry());
+    placeholder->hide();
+    for (CKRNPanelPage* page : pages) {
+        m_Pages.push_back(page);
+        page->Create(m_pStack, true);
+        m_pStack->addWidget(page);
+    }
+    m_pStack->show();
+    return true;
+}
+
+CKRNPanelPage* CKRNPanelFrame::Page(int index) const {
+    return index >= 0 && index < PageCount() ? m_Pages[static_cast<std::size_t>(index)] : nullptr;
+}
+
+void CKRNPanelFrame::ShowPage(int index) {
+    CKRNPanelPage* page = Page(index);
+    if (!page || !m_pStack) return;
+    m_pStack->setCurrentWidget(page);
+    m_nShownPage = index;
+}
+
+void CKRNPanelFrame::GoToPage(int index) {
+    if (index == m_nShownPage || !Page(index)) return;
+    CommitShownPage();
+    ShowPage(index);
+}
+
+void CKRNPanelFrame::CommitShownPage() {
+    if (m_MachineData.IsReadOnly()) return;
+    if (CKRNPanelPage* page = Page(m_nShownPage)) {
+        page->ToRecordForm();
+        m_MachineData = page->m_MachineData;
+    }
+    DistributeRecord();
+}
+
+void CKRNPanelFrame::CopyRecordToPages() {
+    for (CKRNPanelPage* page : m_Pages) page->m_MachineData = m_MachineData;
+}
+
+void CKRNPanelFrame::DistributeRecord() {
+    CopyRecordToPages();
+    for (CKRNPanelPage* page : m_Pages) {
+        page->ToPageForm();
+        page->InitDialogAgain();
+    }
+}
+
+void CKRNPanelFrame::OnOK() {
+    CommitShownPage();
+    TidyAtOK();
+    if (m_bHosted) {
+        if (m_pHost) m_pHost->SetHasUpdate(true);
+        if (QWidget* parent = parentWidget()) parent->close();
+    }
+    EndDialog(IDOK);
+}
+
+void CKRNPanelFrame::OnCancel() {
+    EndDialog(IDCANCEL);
+    if (m_bHosted)
+        if (QWidget* parent = parentWidget()) parent->close();
+}
+
+bool CKRNPanelFrame::PreTranslateMessage(QObject* target, QEvent* event) {
+    if (KRNIsClosingKey(event)) return true;
+    return CKRNDialog::PreTranslateMessage(target, event);
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+// The frame of a controller panel: its pages shown one at a time over a
+// placeholder, the master copy of the record, and the rules that keep pages
+// and record in step. Changing page commits the shown page (unless the record
+// is read-only) and re-initialises every page from the frame's record, so all
+// pages always agree. OK commits and tidies; Cancel discards. A frame can also
+// run hosted, without a modal loop, for an entry interface that polls it.
+
+#include "CKRNDialog.h"
+#include "KRNPanelData.h"
+
+#include <vector>
+
+class CKRNPanelPage;
+class CKRNProMachineInterface;
+class QStackedWidget;
+
+class CKRNPanelFrame : public CKRNDialog {
+    Q_OBJECT
+public:
+    CKRNPanelFrame(int templateId, const CKRNMachineData& data, QWidget* parent = nullptr);
+
+    CKRNMachineData GetMachineData() const { return m_MachineData; }
+
+    // Hosted use: OK then tells `host` (SetHasUpdate) and closes the window.
+    void SetHost(CKRNProMachineInterface* host);
+    bool IsHosted() const { return m_bHosted; }
+
+    // Goes to page `index`: nothing when it is shown; otherwise the shown page
+    // is committed (unless the record is read-only) and `index` shown.
+    void GoToPage(int index);
+
+    void OnOK() override;
+    void OnCancel() override;
+    bool PreTranslateMessage(QObject* target, QEvent* event) override;
+
+    CKRNPanelData m_MachineData;
+
+protected:
+    // Creates the pages from their templates in a page stack over the
+    // (then hidden) placeholder control. Pages already created are kept.
+    bool CreatePages(int placeholderId, const std::vector<CKRNPanelPage*>& pages);
+    bool PagesCreated() const { return !m_Pages.empty(); }
+    CKRNPanelPage* Page(int index) const;
+    int PageCount() const { return static_cast<int>(m_Pages.size()); }
+    int ShownPage() const { return m_nShownPage; }
+
+    // Shows page `index` without committing anything.
+    void ShowPage(int index);
+    // Takes the shown page's record into the frame (unless read-only) and
+    // hands the frame's record to every page again.
+    void CommitShownPage();
+    // Copies the frame's record into every page, converts it to page form and
+    // runs each page's initialisation again.
+    void DistributeRecord();
+    // Copies the frame's record into every page as it stands.
+    void CopyRecordToPages();
+
+    // The profiles as the host gets them back on OK.
+    virtual void TidyAtOK() {}
+
+private:
+    std::vector<CKRNPanelPage*> m_Pages;
+    QStackedWidget* m_pStack = nullptr;
+    int m_nShownPage = -1;
+    CKRNProMachineInterface* m_pHost = nullptr;
+    bool m_bHosted = false;
+};

@@ -1,0 +1,145 @@
+// The shared stage rules on records, with the worked numbers a process
+// engineer would check by hand.
+
+#include "KRNRecordBuilder.h"
+#include "common/KRNStageRoutines.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+CKRNMachineData With(KRNMACHINEITEM item, const KRNPointList& points) {
+    CKRNMachineData r;
+    KRNSetProfile(r, item, points);
+    return r;
+}
+
+void ExpectProfile(const CKRNMachineData& r, KRNMACHINEITEM item, const KRNPointList& expected) {
+    const KRNPointList got = KRNProfile(r, item);
+    ASSERT_EQ(got.size(), expected.size());
+    for (std::size_t i = 0; i < got.size(); ++i) {
+        EXPECT_NEAR(got[i].first, expected[i].first, 1e-9) << "point " << i;
+        EXPECT_NEAR(got[i].second, expected[i].second, 1e-9) << "point " << i;
+    }
+}
+
+}  // namespace
+
+TEST(Padding, InsertsZeroStagesBeforeTheLastPoint) {
+    CKRNMachineData r = With(MI_FP_PROFILE, {{100, 40}, {0, 60}});
+    KRNStages::PadTo(r, MI_FP_PROFILE, 6);
+    // The profile ends flat on the last inserted stage.
+    ExpectProfile(r, MI_FP_PROFILE, {{100, 40}, {0, 0}, {0, 0}, {0, 0}, {0, 0}, {0, 0}});
+    // One inserted point before a stage ending at 100 %: that stage is halved.
+    CKRNMachineData one = With(MI_FP_PROFILE, {{30, 20}, {100, 40}, {0, 60}});
+    KRNStages::Grow(one, MI_FP_PROFILE, 4);
+    ExpectProfile(one, MI_FP_PROFILE, {{30, 20}, {100, 40}, {50, 40}, {0, 40}});
+
+    CKRNMachineData seven = With(MI_FP_PROFILE, {{100, 1}, {90, 2}, {80, 3}, {70, 4}, {60, 5}, {50, 6}, {0, 6}});
+    KRNStages::PadTo(seven, MI_FP_PROFILE, 6);
+    EXPECT_EQ(KRNProfile(seven, MI_FP_PROFILE).size(), 7u);
+}
+
+TEST(Padding, LeavesProfilesWithoutAStageAlone) {
+    for (const KRNPointList& points : {KRNPointList{}, KRNPointList{{100, 50}}}) {
+        CKRNMachineData r = With(MI_PP_PROFILE, points);
+        KRNStages::PadTo(r, MI_PP_PROFILE, 7);
+        KRNStages::Grow(r, MI_PP_PROFILE, 7);
+        KRNStages::Tidy(r, MI_PP_PROFILE);
+        ExpectProfile(r, MI_PP_PROFILE, points);
+    }
+}
+
+TEST(Padding, TidyAtOkUndoesIt) {
+    CKRNMachineData r = With(MI_P_PROFILE, {{100, 70}, {60, 85}, {0, 60}});
+    KRNStages::PadTo(r, MI_P_PROFILE, 7);
+    ExpectProfile(r, MI_P_PROFILE, {{100, 70}, {60, 85}, {0, 0}, {0, 0}, {0, 0}, {0, 0}, {0, 0}});
+    KRNStages::Tidy(r, MI_P_PROFILE);
+    // The closing point takes the level of the last real stage.
+    ExpectProfile(r, MI_P_PROFILE, {{100, 70}, {60, 85}, {0, 85}});
+}
+
+TEST(StageCount, GrowsWithCopiesAndShrinksFromTheEnd) {
+    CKRNMachineData r = With(MI_FP_PROFILE, {{100, 40}, {60, 80}, {0, 20}});
+    KRNStages::SetStageCount(r, MI_FP_PROFILE, 4);
+    ExpectProfile(r, MI_FP_PROFILE, {{100, 40}, {60, 80}, {60, 80}, {60, 80}, {0, 80}});
+    KRNStages::SetStageCount(r, MI_FP_PROFILE, 1);
+    ExpectProfile(r, MI_FP_PROFILE, {{100, 40}, {0, 80}});
+    KRNStages::SetStageCount(r, MI_FP_PROFILE, -2);  // ignored
+    EXPECT_EQ(KRNProfile(r, MI_FP_PROFILE).size(), 2u);
+    KRNStages::SetStageCount(r, MI_FP_PROFILE, 0);
+    ExpectProfile(r, MI_FP_PROFILE, {{0, 80}});
+}
+
+TEST(TailRules, FlatEndAndTheHoldAsymmetry) {
+    KRNStages::Points p{{100, 40}, {0, 10}};
+    KRNStages::TailRule(p);
+    EXPECT_EQ(p[0].x, 50.0);
+    EXPECT_EQ(p[1].y, 40.0);
+
+    KRNStages::Points hold{{2.0, 60}, {0, 30}};
+    KRNStages::HoldTail(hold);
+    EXPECT_EQ(hold[1].y, 0.0);  // a stage not ending at 100 leaves the end at 0
+    KRNStages::Points full{{100.0, 60}, {0, 30}};
+    KRNStages::HoldTail(full);
+    EXPECT_EQ(full[1].y, 60.0);
+}
+
+TEST(HoldStages, ThreeStagesOfOneTwoOneSeconds) {
+    // Page form: 1 s at 60 %, 2 s at 50 %, 1 s at 40 %, then the closing point.
+    CKRNMachineData r = With(MI_PP_PROFILE, {{1, 60}, {2, 50}, {1, 40}, {0, 0}});
+    KRNStages::ToRecordForm(r, MI_PP_PROFILE, MI_PACKING_TIME);
+    ExpectProfile(r, MI_PP_PROFILE, {{100, 40}, {75, 50}, {25, 60}, {0, 60}});
+    EXPECT_EQ(KRNItem(r, MI_PACKING_TIME), 4.0);
+
+    KRNStages::ToPageForm(r, MI_PP_PROFILE, MI_PACKING_TIME);
+    ExpectProfile(r, MI_PP_PROFILE, {{1, 60}, {2, 50}, {1, 40}, {0, 0}});
+}
+
+TEST(HoldStages, StagesWithoutTimeGoToTheEndOrAreDropped) {
+    // Repeated x values: the padded hold profile of a panel.
+    CKRNMachineData r = With(MI_PP_PROFILE, {{100, 40}, {50, 60}, {0, 0}, {0, 0}, {0, 0}});
+    r.SetMachineData(MI_PACKING_TIME, 4.0);
+    KRNStages::ToPageForm(r, MI_PP_PROFILE, MI_PACKING_TIME);
+    ExpectProfile(r, MI_PP_PROFILE, {{2, 60}, {2, 40}, {0, 0}, {0, 0}, {0, 0}});
+
+    // A zero time in a middle stage disappears on the way back.
+    CKRNMachineData middle = With(MI_PP_PROFILE, {{1, 70}, {0, 50}, {3, 30}, {0, 0}});
+    KRNStages::ToRecordForm(middle, MI_PP_PROFILE, MI_PACKING_TIME);
+    ExpectProfile(middle, MI_PP_PROFILE, {{100, 30}, {25, 70}, {0, 70}});
+    EXPECT_EQ(KRNItem(middle, MI_PACKING_TIME), 4.0);
+}
+
+TEST(HoldStages, NoTimeAtAllWritesNoNumberThatIsNone) {
+    CKRNMachineData r = With(MI_PP_PROFILE, {{2, 50}, {-2, 40}, {0, 0}});
+    KRNStages::ToRecordForm(r, MI_PP_PROFILE, MI_PACKING_TIME);
+    EXPECT_TRUE(KRNAllFinite(r));
+    EXPECT_EQ(KRNItem(r, MI_PACKING_TIME), 0.0);
+
+    CKRNMachineData empty;
+    KRNStages::ToRecordForm(empty, MI_PP_PROFILE, MI_PACKING_TIME);
+    KRNStages::ToPageForm(empty, MI_PP_PROFILE, MI_PACKING_TIME);
+    EXPECT_EQ(empty.GetProfileDataCount(MI_PP_PROFILE), 0);
+}
+
+TEST(HoldStages, CompressionStagesUseTheirOwnTime) {
+    CKRNMachineData r = With(MI_ICMF_PROFILE, {{100, 20}, {40, 80}, {0, 80}});
+    r.SetMachineData(MI_VALUE_21, 5.0);
+    r.SetMachineData(MI_PACKING_TIME, 9.0);
+    KRNStages::ToPageForm(r, MI_ICMF_PROFILE, MI_VALUE_21);
+    ExpectProfile(r, MI_ICMF_PROFILE, {{2, 80}, {3, 20}, {0, 0}});
+    KRNStages::ToRecordForm(r, MI_ICMF_PROFILE, MI_VALUE_21);
+    ExpectProfile(r, MI_ICMF_PROFILE, {{100, 20}, {40, 80}, {0, 80}});
+    EXPECT_EQ(KRNItem(r, MI_PACKING_TIME), 9.0);
+}
+
+TEST(LongProfiles, StayLinear) {
+    KRNPointList many;
+    for (int i = 0; i < 200000; ++i) many.emplace_back(100.0 - i * 0.0005, 50.0);
+    CKRNMachineData r = With(MI_FP_PROFILE, many);
+    KRNStages::Tidy(r, MI_FP_PROFILE);
+    KRNStages::SetStageCount(r, MI_FP_PROFILE, 3);
+    EXPECT_EQ(r.GetProfileDataCount(MI_FP_PROFILE), 4);
+}
