@@ -79,11 +79,13 @@ bool CKRNDialog::LoadTemplate() {
                           .arg(loader.errorString()));
         return false;
     }
+    CKRNFormLoader::ApplyPalette(root);
     root->move(0, 0);
     setFixedSize(root->size());
     if (!root->windowTitle().isEmpty()) setWindowTitle(root->windowTitle());
 
     for (QWidget* w : root->findChildren<QWidget*>()) {
+        CKRNFormLoader::ApplyPalette(w);
         bool numbered = false;
         const int id = KRNControlId(w->objectName(), &numbered);
         if (!numbered) continue;
