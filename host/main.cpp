@@ -2,6 +2,7 @@
 // panels with no one at the screen (scripts, pictures, field dumps).
 
 #include "arburg_selogica/CKRNMachineArburgCalc.h"
+#include "ChartGallery.h"
 #include "KRNPanelMessages.h"
 #include "KRNPanelTable.h"
 #include "KRNProMachineInterface.h"
@@ -9,10 +10,6 @@
 #include "KRNSampleRecord.h"
 #include "KRNScript.h"
 
-#if __has_include("ChartGallery.h")
-#include "ChartGallery.h"
-#define KRN_HAVE_CHART_GALLERY 1
-#endif
 
 #include <QApplication>
 #include <QDir>
@@ -225,11 +222,7 @@ int main(int argc, char** argv) {
 
     if (args.first() == QLatin1String("charts")) {
         if (args.size() != 2) return Usage(QStringLiteral("charts takes one folder"));
-#if KRN_HAVE_CHART_GALLERY
         return KRNChartGallery(args[1]);
-#else
-        return Usage(QStringLiteral("this build has no chart gallery"));
-#endif
     }
 
     QString problem;
