@@ -1,6 +1,8 @@
 #include "KRNPanelTable.h"
 
 #include "CMachineDialogHolder.h"
+#include "common/KRNPanelEntry.h"
+#include "fanuc_s2000i/CMACHINE_FANUC_S2000I_DLG.h"
 
 #include <array>
 
@@ -29,7 +31,7 @@ constexpr std::array<KRNControllerName, 18> kControllers{{
 }};
 
 const KRNPanelEntry kPanels[] = {
-    {-1, nullptr, nullptr},  // keeps the table well-formed while it has no panel
+    {11, &KRNRunModalPanel<CMACHINE_FANUC_S2000I_DLG>, &KRNCreateHostedPanel<CMACHINE_FANUC_S2000I_DLG>},
 };
 }  // namespace
 

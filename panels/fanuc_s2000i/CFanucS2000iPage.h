@@ -1,0 +1,36 @@
+#pragma once
+
+// What every Fanuc S2000i page shares: its soft keys to other pages and the
+// frame's restricted flag.
+
+#include "FanucS2000iIds.h"
+#include "common/CKRNPanelPage.h"
+
+#include <initializer_list>
+#include <utility>
+
+class CMACHINE_FANUC_S2000I_DLG;
+
+class CFanucS2000iPage : public CKRNPanelPage {
+    Q_OBJECT
+public:
+    CFanucS2000iPage(int templateId, const CKRNMachineData& data, CMACHINE_FANUC_S2000I_DLG* frame);
+
+protected:
+    // Binds keys to the pages they open (page numbers as the screens count them)
+    // and colours them: the key of this page highlighted.
+    void NavigationKeys(std::initializer_list<std::pair<int, int>> keyToPage, int ownPage);
+    bool IsRestricted() const;
+    // Fills the fields the record does not feed with "---".
+    template <std::size_t N>
+    void ShowUnfed(const int (&ids)[N], bool disable = false) {
+        for (int id : ids) {
+            SetDlgItemText(id, QStringLiteral("---"));
+            if (disable) EnableDlgItem(id, false);
+        }
+    }
+    // "%6.2f" into a field.
+    void ShowNumber(int id, double value);
+
+    CMACHINE_FANUC_S2000I_DLG* m_pFrame;
+};

@@ -1,0 +1,113 @@
+#include "FanucS2000iChartPages.h"
+
+#include "CKRNChartVariants.h"
+#include "KRNNumberText.h"
+#include "common/KRNMachineScales.h"
+
+using namespace FanucS2000i;
+
+namespace {
+constexpr unsigned kTitleText = 51455, kTitleBack = 0x000000;
+constexpr unsigned kCurveGreen = 0x37751C;  // RGB(28, 117, 55)
+constexpr unsigned kCurveRed = 255;
+const double kAxisShares[5] = {1.0, 0.8, 0.6, 0.4, 0.0};
+
+// The chart sits where the form's placeholder control is, and looks the same on both pages.
+CKRNFanucTypeAPressChart* MakeChart(CKRNDialog* page, int areaId) {
+    QWidget* area = page->GetDlgItem(areaId);
+    if (!area) return nullptr;
+    auto* chart = new CKRNFanucTypeAPressChart(area->parentWidget());
+    chart->CreateChart(area->geometry(), area->parentWidget());
+    area->hide();
+    chart->m_strXTitle.clear();
+    chart->m_strYTitle.clear();
+    chart->m_nXReversed = 1;
+    chart->m_nCurveMode = 0;
+    chart->m_dXMax = 100.0;
+    chart->m_crCurve1 = KRNColorRef(kCurveGreen);
+    return chart;
+}
+
+void Fill(std::vector<double>& xs, std::vector<double>& ys, const CKRNMachineData& record, KRNMACHINEITEM profile) {
+    xs.clear();
+    ys.clear();
+    for (int i = 0; i < record.GetProfileDataCount(profile); ++i) {
+        double x = 0, y = 0;
+        record.GetProfileData(profile, i, x, y);
+        xs.push_back(x);
+        ys.push_back(y);
+    }
+}
+}  // namespace
+
+// ---- injection-pre ------------------------------------------------------------
+
+CMACHINE_FANUC_S2000I_INJECTION_PRE_PAGE::CMACHINE_FANUC_S2000I_INJECTION_PRE_PAGE(const CKRNMachineData& data,
+                                                                                   CMACHINE_FANUC_S2000I_DLG* frame)
+    : CFanucS2000iPage(IDD_INJECTION_PRE, data, frame) {
+    SetCtlColor(IDC_STATIC, kTitleText, kTitleBack);
+}
+
+bool CMACHINE_FANUC_S2000I_INJECTION_PRE_PAGE::OnInitDialog() {
+    if (!m_pChart && (m_pChart = MakeChart(this, IDC_INJECTION_CHART_AREA))) m_pChart->m_crCurve2 = KRNColorRef(kCurveRed);
+    if (m_pChart) {
+        m_pChart->ClearCurves();
+        Fill(m_pChart->m_vecX1, m_pChart->m_vecY1, m_MachineData, MI_FP_PROFILE);
+        Fill(m_pChart->m_vecX2, m_pChart->m_vecY2, m_MachineData, MI_P_PROFILE);
+        m_pChart->update();
+    }
+    const double bar = m_MachineData.GetInjectionPressure() * 10.0;
+    const double speed = KRNMaxInjectionSpeed(m_MachineData);
+    for (int i = 0; i < 5; ++i) {
+        SetDlgItemText(kInjectionPressureLabels[i], FormatNumber(bar * kAxisShares[i]));
+        SetDlgItemText(kInjectionSpeedLabels[i], KRNFormat("%.1f", speed * kAxisShares[i]));
+    }
+    SetBitmap(1430, IDB_CHART_SCALE);
+    SetBitmap(1377, IDB_CHART_LEGEND);
+    ShowUnfed(kInjectionPreUnfed, true);
+    return true;
+}
+
+// ---- pressure -------------------------------------------------------------------
+
+CMACHINE_FANUC_S2000I_PRESSURE_PAGE::CMACHINE_FANUC_S2000I_PRESSURE_PAGE(const CKRNMachineData& data,
+                                                                         CMACHINE_FANUC_S2000I_DLG* frame)
+    : CFanucS2000iPage(IDD_PRESSURE, data, frame) {
+    SetCtlColor(IDC_STATIC, kTitleText, kTitleBack);
+}
+
+bool CMACHINE_FANUC_S2000I_PRESSURE_PAGE::OnInitDialog() {
+    if (!m_pChart) m_pChart = MakeChart(this, IDC_PRESSURE_CHART_AREA);
+    if (m_pChart) {
+        // A step curve over the share of time: the pressure profile's x values,
+        // taken over as many points as the hold profile has, summed up.
+        m_pChart->ClearCurves();
+        const int n = m_MachineData.GetProfileDataCount(MI_PP_PROFILE);
+        double total = 0.0;
+        for (int i = 0; i < n; ++i) {
+            double x = 0, y = 0;
+            m_MachineData.GetPData(i, x, y);
+            total += x;
+        }
+        if (n > 0 && total != 0.0) {
+            double x0 = 0, y0 = 0, running = 0.0;
+            m_MachineData.GetPData(0, x0, y0);
+            m_pChart->m_vecX1.push_back(0.0);
+            m_pChart->m_vecY1.push_back(y0);
+            for (int i = 0; i < n; ++i) {
+                double x = 0, y = 0;
+                m_MachineData.GetPData(i, x, y);
+                running += x;
+                m_pChart->m_vecX1.push_back(running / total * 100.0);
+                m_pChart->m_vecY1.push_back(y);
+            }
+        }
+        m_pChart->update();
+    }
+    const double bar = m_MachineData.GetInjectionPressure() * 10.0;
+    for (int i = 0; i < 5; ++i) SetDlgItemText(kPressureAxisLabels[i], FormatNumber(bar * kAxisShares[i]));
+    SetBitmap(1366, IDB_CHART_SCALE);
+    SetBitmap(1374, IDB_CHART_LEGEND);
+    ShowUnfed(kPressurePageUnfed, true);
+    return true;
+}

@@ -1,0 +1,298 @@
+// The Fanuc S2000i panel as a process engineer uses it, and as a host embeds it.
+
+#include "KRNPanelTest.h"
+#include "KRNProMachineInterface.h"
+#include "KRNRecordBuilder.h"
+#include "fanuc_s2000i/CMACHINE_FANUC_S2000I_DLG.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+using namespace KRNTest;
+
+namespace {
+
+// Soft keys and fields of the screens.
+constexpr int kKeyPacking = 1747, kKeyMenu = 1829;
+constexpr int kToCooling = 1213;  // from the packing page
+constexpr int kSpeed[5] = {1123, 1124, 1208, 1219, 1221};
+constexpr int kPosition[4] = {1128, 1222, 1223, 1233};
+constexpr int kHoldPressure[3] = {1139, 1225, 1228};
+constexpr int kHoldTime[3] = {1143, 1226, 1229};
+constexpr int kSpeedStages = 1125, kHoldStages = 1140, kPressureLimit = 1195;
+
+struct Session {
+    int result = 0;
+    CKRNMachineData record;
+    std::vector<std::string> messages;
+};
+
+// Opens the panel modally on `record`, does `steps` and returns what the
+// frame holds afterwards (the record the interface takes after OK).
+Session OpenFanuc(const CKRNMachineData& record, const std::function<void()>& steps) {
+    KRNMessageCapture messages;
+    CMACHINE_FANUC_S2000I_DLG frame(record);
+    Session s;
+    WhileOpen([&] { s.result = frame.DoModal(); }, steps);
+    s.record = frame.GetMachineData();
+    s.messages = messages.Texts();
+    return s;
+}
+
+double MaxSpeed() { return 200.0 * 10.0 / (4.0 * 4.0 * 3.14159 * 0.25); }
+
+}  // namespace
+
+TEST(FanucS2000i, OpensOnTheMenuAndPadsShortProfiles) {
+    CKRNMachineData r = KRN40mmRecord();
+    KRNSetProfile(r, MI_FP_PROFILE, {{100, 50}, {0, 50}});
+    OpenFanuc(r, [] {
+        EXPECT_EQ(Text(1138).empty(), false);  // the menu's first key is on show
+        Click(kKeyPacking);
+        EXPECT_EQ(Text(kSpeedStages), "5");
+        EXPECT_EQ(Text(kSpeed[0]), "79.58");  // 50 % of 159.16 mm/s
+        EXPECT_EQ(Text(kPosition[0]), "120.00");
+        EXPECT_TRUE(Enabled(kSpeed[4]));
+        EXPECT_EQ(Text(kSpeed[1]), "0.00");
+        OK();
+    });
+}
+
+TEST(FanucS2000i, LongProfilesKeepTheirPointsAndShowTheFirstStages) {
+    CKRNMachineData r = KRN40mmRecord();
+    KRNSetProfile(r, MI_FP_PROFILE, {{100, 10}, {90, 20}, {80, 30}, {70, 40}, {60, 50}, {50, 60}, {0, 60}});
+    Session s = OpenFanuc(r, [] {
+        Click(kKeyPacking);
+        EXPECT_EQ(Text(kSpeedStages), "6");
+        EXPECT_EQ(Text(kSpeed[4]), "79.58");
+        EXPECT_EQ(Text(kPosition[3]), "84.00");
+        OK();
+    });
+    EXPECT_EQ(s.result, IDOK);
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE).size(), 7u);
+}
+
+TEST(FanucS2000i, SpeedAboveFullScaleIsRefusedAtTheCrossingKeystroke) {
+    Session s = OpenFanuc(KRN40mmRecord(), [] {
+        Click(kKeyPacking);
+        Keys(kSpeed[1], "200");
+        EXPECT_EQ(Text(kSpeed[1]), "20.00");  // the last accepted value is back
+        OK();
+    });
+    ASSERT_EQ(s.messages.size(), 1u);
+    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 159.16.");
+    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
+    EXPECT_NEAR(fp[1].second, 20.0 / MaxSpeed() * 100.0, 1e-9);
+    EXPECT_EQ(fp[1].first, 85.0);
+}
+
+TEST(FanucS2000i, TextsThatAreNoNumberAreRefused) {
+    Session s = OpenFanuc(KRN40mmRecord(), [] {
+        Click(kKeyPacking);
+        for (const char* text : {"abc", "nan", "inf", "1e999", "-0.0"}) {
+            Type(kSpeed[0], text);
+            EXPECT_EQ(Text(kSpeed[0]), "63.66") << text;
+        }
+        Type(kSpeed[0], "1e300");  // a number, but far above the machine
+        Type(kHoldTime[0], "x");
+        EXPECT_EQ(Text(kHoldTime[0]), "1.50");  // 25 % of 6 s
+        OK();
+    });
+    ASSERT_EQ(s.messages.size(), 7u);
+    EXPECT_EQ(s.messages[0], "Please enter a number.");
+    EXPECT_EQ(s.messages[5], "Please enter a value not greater than 159.16.");
+    EXPECT_TRUE(KRNAllFinite(s.record));
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), KRNProfile(KRN40mmRecord(), MI_FP_PROFILE));
+}
+
+TEST(FanucS2000i, FirstPositionSetsTheFullStroke) {
+    Session s = OpenFanuc(KRN40mmRecord(), [] {
+        Click(kKeyPacking);
+        Type(kPosition[0], "110");
+        Leave(kPosition[0]);
+        Type(kPosition[1], "55");  // now against 110 mm
+        OK();
+    });
+    EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 110.0);
+    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
+    EXPECT_EQ(fp[0].first, 100.0);
+    EXPECT_EQ(fp[1].first, 50.0);
+}
+
+TEST(FanucS2000i, HoldStagesGoBackAsShareOfThePackingTime) {
+    Session s = OpenFanuc(KRN40mmRecord(), [] {
+        Click(kKeyPacking);
+        // 60 %, 50 % and 40 % of 80 MPa, in bar.
+        Type(kHoldPressure[0], "480");
+        Type(kHoldPressure[1], "400");
+        Type(kHoldPressure[2], "320");
+        Type(kHoldTime[0], "1");
+        Type(kHoldTime[1], "2");
+        Type(kHoldTime[2], "1");
+        Click(kToCooling);
+        OK();
+    });
+    const KRNPointList pp = KRNProfile(s.record, MI_PP_PROFILE);
+    const KRNPointList expected{{100, 40}, {75, 50}, {25, 60}, {0, 60}};
+    ASSERT_EQ(pp.size(), expected.size());
+    for (std::size_t i = 0; i < pp.size(); ++i) {
+        EXPECT_NEAR(pp[i].first, expected[i].first, 1e-9);
+        EXPECT_NEAR(pp[i].second, expected[i].second, 1e-9);
+    }
+    EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 4.0);
+}
+
+TEST(FanucS2000i, AMiddleHoldStageWithoutTimeIsDroppedOnLeavingThePage) {
+    Session s = OpenFanuc(KRN40mmRecord(), [] {
+        Click(kKeyPacking);
+        Type(kHoldTime[1], "0");
+        Click(kKeyMenu);
+        Click(kKeyPacking);
+        EXPECT_EQ(Text(kHoldStages), "2");
+        EXPECT_EQ(Text(kHoldTime[2]), "0");
+        EXPECT_FALSE(Enabled(kHoldTime[2]));
+        OK();
+    });
+    EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE).size(), 3u);
+}
+
+TEST(FanucS2000i, StageCountsGrowAndShrinkTheProfiles) {
+    Session s = OpenFanuc(KRN40mmRecord(), [] {
+        Click(kKeyPacking);
+        Type(kSpeedStages, "2");
+        EXPECT_TRUE(Enabled(kSpeed[1]));
+        EXPECT_FALSE(Enabled(kSpeed[2]));
+        EXPECT_EQ(Text(kSpeed[2]), "0");
+        Type(kSpeedStages, "-1");  // ignored
+        EXPECT_TRUE(Enabled(kSpeed[1]));
+        OK();
+    });
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), (KRNPointList{{100, 40}, {85, 70}, {0, 70}}));
+}
+
+TEST(FanucS2000i, OkWithoutEditsReturnsTheRecordAsItWas) {
+    const CKRNMachineData r = KRN40mmRecord();
+    Session s = OpenFanuc(r, [] { OK(); });
+    EXPECT_EQ(s.result, IDOK);
+    for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
+    EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 6.0);
+}
+
+TEST(FanucS2000i, ReadOnlyRecordsNeverChange) {
+    CKRNMachineData r = KRN40mmRecord();
+    r.SetMachineData(MI_READ_ONLY, true);
+    Session s = OpenFanuc(r, [] {
+        Click(kKeyPacking);
+        Type(kSpeed[0], "100");
+        Type(kHoldTime[0], "3");
+        Click(kToCooling);
+        Type(1369, "99");
+        Click(kKeyMenu);
+        Click(kKeyPacking);
+        OK();
+    });
+    for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
+    EXPECT_EQ(KRNItem(s.record, MI_COOLING_TIME), 15.0);
+}
+
+TEST(FanucS2000i, SimpleValuesOnTheirPages) {
+    Session s = OpenFanuc(KRN40mmRecord(), [] {
+        Click(kKeyPacking);
+        Type(kPressureLimit, "1400");
+        Type(1134, "21.5");
+        EXPECT_EQ(Text(1164), "21.5");
+        Click(kToCooling);
+        EXPECT_EQ(Text(1804), "21.50");
+        Type(1369, "12.5");
+        Click(1755);  // to temperature
+        Type(1309, "245");
+        EXPECT_EQ(Text(1251), "245");
+        Click(1248);  // to retreat
+        Type(1245, "4");
+        OK();
+    });
+    EXPECT_EQ(KRNItem(s.record, MI_INJECTION_PRESSURE), 140.0);
+    EXPECT_EQ(KRNItem(s.record, MI_VP_RAM_POSITION), 21.5);
+    EXPECT_EQ(KRNItem(s.record, MI_COOLING_TIME), 12.5);
+    EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 245.0);
+    EXPECT_EQ(KRNItem(s.record, MI_SUCK_BACK_VALUE), 4.0);
+}
+
+TEST(FanucS2000i, EnterAndEscapeNeverCloseThePanel) {
+    Session s = OpenFanuc(KRN40mmRecord(), [] {
+        Click(kKeyPacking);
+        PressKey(Qt::Key_Return);
+        PressKey(Qt::Key_Escape);
+        EXPECT_NE(KRNDriver::TopDialog(), nullptr);
+        Type(1195, "1500");
+        OK();
+    });
+    EXPECT_EQ(s.result, IDOK);
+    EXPECT_EQ(KRNItem(s.record, MI_INJECTION_PRESSURE), 150.0);
+}
+
+TEST(FanucS2000i, MachinesWithoutFullScaleWriteNothingThatIsNoNumber) {
+    CKRNMachineData r = KRN40mmRecord();
+    r.SetMachine(MC_SCREW_DIAMETER, 0.0);
+    r.SetMachineData(MI_MAX_RAM_POSITION, 0.0);
+    r.SetMachineData(MI_PACKING_PRESSURE, 0.0);
+    Session s = OpenFanuc(r, [] {
+        Click(kKeyPacking);
+        Type(kSpeed[0], "50");
+        Type(kPosition[1], "50");
+        Type(kHoldPressure[0], "100");
+        OK();
+    });
+    EXPECT_TRUE(KRNAllFinite(s.record));
+    EXPECT_EQ(s.messages.size(), 2u);  // stroke and packing pressure have no full scale
+}
+
+TEST(FanucS2000i, ThroughTheInterfaceOkAndCancel) {
+    CKRNProMachineInterface panels;
+    WhileOpen([&] { EXPECT_EQ(panels.KRNDoModal(KRN40mmRecord(), "FANUC-A"), 1); },
+              [] {
+                  Click(kKeyPacking);
+                  Type(kPressureLimit, "1200");
+                  OK();
+              });
+    EXPECT_EQ(panels.IsOK(), 1);
+    EXPECT_EQ(KRNItem(panels.GetMachineData(), MI_INJECTION_PRESSURE), 120.0);
+
+    WhileOpen([&] { panels.KRNDoModal(KRN40mmRecord(), "FANUC-A"); },
+              [] {
+                  Click(kKeyPacking);
+                  Type(kPressureLimit, "900");
+                  Cancel();
+              });
+    EXPECT_EQ(panels.IsOK(), 0);
+    EXPECT_EQ(KRNItem(panels.GetMachineData(), MI_INJECTION_PRESSURE), 160.0);
+
+    // An unknown name afterwards changes neither.
+    EXPECT_EQ(panels.KRNDoModal(CKRNMachineData(), "FANUC-C"), 0);
+    EXPECT_EQ(KRNItem(panels.GetMachineData(), MI_INJECTION_PRESSURE), 160.0);
+}
+
+TEST(FanucS2000i, HostedWithoutAModalLoop) {
+    CKRNProMachineInterface panels;
+    panels.CreateMachineDialog(KRN40mmRecord(), "FANUC-A");
+    ASSERT_NE(KRNDriver::TopDialog(), nullptr);
+    EXPECT_FALSE(panels.CanUpdate());
+    Click(kKeyPacking);
+    Type(kPressureLimit, "1300");
+    OK();
+    EXPECT_TRUE(panels.CanUpdate());
+    EXPECT_EQ(KRNItem(panels.GetMachineData(), MI_INJECTION_PRESSURE), 130.0);
+    EXPECT_EQ(KRNDriver::TopDialog(), nullptr);  // the window closed
+
+    // Opening again re-uses the panel with the new record; Cancel leaves no update.
+    panels.SetHasUpdate(false);
+    CKRNMachineData other = KRN40mmRecord();
+    other.SetMachineData(MI_INJECTION_PRESSURE, 100.0);
+    panels.CreateMachineDialog(other, "FANUC-A");
+    Click(kKeyPacking);
+    EXPECT_EQ(Text(kPressureLimit), "1000");
+    Cancel();
+    EXPECT_FALSE(panels.CanUpdate());
+    EXPECT_EQ(KRNDriver::TopDialog(), nullptr);
+}
