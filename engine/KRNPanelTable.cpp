@@ -3,6 +3,7 @@
 #include "CMachineDialogHolder.h"
 #include "common/KRNPanelEntry.h"
 #include "fanuc_s2000i/CMACHINE_FANUC_S2000I_DLG.h"
+#include "jsw_syscom3000/CMACHINE_JSW_SYSCOM3000_DLG.h"
 
 #include <array>
 
@@ -31,6 +32,7 @@ constexpr std::array<KRNControllerName, 18> kControllers{{
 }};
 
 const KRNPanelEntry kPanels[] = {
+    {8, &KRNRunModalPanel<CMACHINE_JSW_SYSCOM3000_DLG>, nullptr},
     {11, &KRNRunModalPanel<CMACHINE_FANUC_S2000I_DLG>, &KRNCreateHostedPanel<CMACHINE_FANUC_S2000I_DLG>},
 };
 }  // namespace
