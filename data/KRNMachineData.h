@@ -56,7 +56,7 @@ enum KRNPROCESSITEM : int {
     PI_PROCESS_VALUE = 3,  // 5 marks an injection-compression process
 };
 
-// Machine specification values (GetMachine / SetMachine).
+// Machine values (GetMachine / SetMachine).
 enum KRNMACHINE : int {
     MC_SCREW_DIAMETER = 0,      // mm
     MC_MAX_INJECTION_RATE = 1,  // cm3/s

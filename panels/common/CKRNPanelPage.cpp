@@ -67,3 +67,24 @@ bool CKRNPanelPage::ToPercent(double value, double fullScale, double& percent, i
     RestoreNumber(id, stored);
     return false;
 }
+
+bool CKRNPanelPage::EditStageValue(int id, KRNMACHINEITEM profile, int stage, double fullScale, double upper,
+                                   double unit) {
+    double x = 0, y = 0;
+    m_MachineData.GetProfileData(profile, stage, x, y);
+    const double stored = y * fullScale * 0.01 * unit;
+    double value = 0, percent = 0;
+    if (!ReadNumberField(id, stored, value, upper) || !ToPercent(value / unit, fullScale, percent, id, stored))
+        return false;
+    m_MachineData.SetMachineData(profile, stage, x, percent);
+    return true;
+}
+
+bool CKRNPanelPage::EditStageTime(int id, KRNMACHINEITEM profile, int stage) {
+    double x = 0, y = 0;
+    m_MachineData.GetProfileData(profile, stage, x, y);
+    double seconds = 0;
+    if (!ReadNumberField(id, x, seconds)) return false;
+    m_MachineData.SetMachineData(profile, stage, seconds, y);
+    return true;
+}

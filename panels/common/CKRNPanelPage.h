@@ -35,6 +35,14 @@ protected:
     // shows `stored` again and false comes back, so nothing that is no number
     // reaches the record.
     bool ToPercent(double value, double fullScale, double& percent, int id, double stored);
+    // A stage's value typed into field `id`, shown as y × fullScale × 0.01 ×
+    // unit (unit: machine units per record unit, 10 for bar from MPa): refused
+    // above `upper` or without a full scale; else the stage's y takes it and
+    // its x stays. True when stored (the caller applies its tail rule).
+    bool EditStageValue(int id, KRNMACHINEITEM profile, int stage, double fullScale, double upper, double unit = 1.0);
+    // A stage's own time in seconds (page form) typed into field `id`: the
+    // stage's x takes it and its y stays. True when stored.
+    bool EditStageTime(int id, KRNMACHINEITEM profile, int stage);
     // Puts a stage value back into its field ("%6.2f") without its handler running.
     void RestoreNumber(int id, double stored);
 

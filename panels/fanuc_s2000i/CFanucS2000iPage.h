@@ -11,6 +11,13 @@
 
 class CMACHINE_FANUC_S2000I_DLG;
 
+namespace FanucS2000i {
+// The screens' recurring colour pairs (colour references, text then background).
+constexpr unsigned kEditText = 0x000000, kEditBack = 0xFFFFFF;
+constexpr unsigned kValueText = 0xFFFFFF, kValueBack = 32768;  // a green status field
+constexpr unsigned kTitleText = 51455, kTitleBack = 0x000000;  // the title strip
+}  // namespace FanucS2000i
+
 class CFanucS2000iPage : public CKRNPanelPage {
     Q_OBJECT
 public:

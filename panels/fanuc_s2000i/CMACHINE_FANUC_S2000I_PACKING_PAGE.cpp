@@ -6,12 +6,6 @@
 
 using namespace FanucS2000i;
 
-namespace {
-constexpr unsigned kEditText = 0x000000, kEditBack = 0xFFFFFF;
-constexpr unsigned kValueText = 0xFFFFFF, kValueBack = 32768;
-constexpr unsigned kTitleText = 51455, kTitleBack = 0x000000;
-}  // namespace
-
 CMACHINE_FANUC_S2000I_PACKING_PAGE::CMACHINE_FANUC_S2000I_PACKING_PAGE(const CKRNMachineData& data,
                                                                        CMACHINE_FANUC_S2000I_DLG* frame)
     : CFanucS2000iPage(IDD_PACKING, data, frame) {
@@ -182,31 +176,16 @@ void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnPositionChanged(int stage) {
     m_bError = false;
 }
 
+// Hold pressures in bar up to the injection pressure; the stage's time stays.
 void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnHoldPressureChanged(int stage) {
-    const int id = kHoldPressureFields[stage];
-    double bar = 0, y = 0;
-    if (!ReadNumberField(id, HoldPressure(stage), bar, m_dMaxPressure * 10.0) ||
-        !ToPercent(bar / 10.0, m_MachineData.GetPackingPressure(), y, id, HoldPressure(stage))) {
-        m_bError = true;
-        return;
-    }
-    m_MachineData.SetPPData(stage, HoldTime(stage), y);
-    KRNStages::HoldTail(m_MachineData, MI_PP_PROFILE);
-    m_bError = false;
+    m_bError = !EditStageValue(kHoldPressureFields[stage], MI_PP_PROFILE, stage, m_MachineData.GetPackingPressure(),
+                               m_dMaxPressure * 10.0, 10.0);
+    if (!m_bError) KRNStages::HoldTail(m_MachineData, MI_PP_PROFILE);
 }
 
 void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnHoldTimeChanged(int stage) {
-    const int id = kHoldTimeFields[stage];
-    double seconds = 0;
-    if (!ReadNumberField(id, HoldTime(stage), seconds)) {
-        m_bError = true;
-        return;
-    }
-    double x = 0, y = 0;
-    m_MachineData.GetPPData(stage, x, y);
-    m_MachineData.SetPPData(stage, seconds, y);
-    KRNStages::HoldTail(m_MachineData, MI_PP_PROFILE);
-    m_bError = false;
+    m_bError = !EditStageTime(kHoldTimeFields[stage], MI_PP_PROFILE, stage);
+    if (!m_bError) KRNStages::HoldTail(m_MachineData, MI_PP_PROFILE);
 }
 
 void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnSpeedStagesChanged() {

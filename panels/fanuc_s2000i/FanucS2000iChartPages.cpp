@@ -7,7 +7,6 @@
 using namespace FanucS2000i;
 
 namespace {
-constexpr unsigned kTitleText = 51455, kTitleBack = 0x000000;
 constexpr unsigned kCurveGreen = 0x37751C;  // RGB(28, 117, 55)
 constexpr unsigned kCurveRed = 255;
 const double kAxisShares[5] = {1.0, 0.8, 0.6, 0.4, 0.0};

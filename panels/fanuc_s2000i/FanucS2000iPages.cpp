@@ -4,12 +4,6 @@
 
 using namespace FanucS2000i;
 
-namespace {
-constexpr unsigned kEditText = 0x000000, kEditBack = 0xFFFFFF;
-constexpr unsigned kValueText = 0xFFFFFF, kValueBack = 32768;
-constexpr unsigned kTitleText = 51455, kTitleBack = 0x000000;
-}  // namespace
-
 // ---- menu ----------------------------------------------------------------------
 
 CMACHINE_FANUC_S2000I_MENU_PAGE::CMACHINE_FANUC_S2000I_MENU_PAGE(const CKRNMachineData& data,

@@ -9,8 +9,9 @@ CJswStagePage::CJswStagePage(int templateId, const CKRNMachineData& data, QWidge
     : CKRNPanelPage(templateId, data, frame), m_Fields(fields), m_bHoldZeroFromCount(holdZeroFromCount) {
     SetClock(JswSyscom3000::IDC_CLOCK);
     for (int i = 0; i < 6; ++i) {
-        OnChange(m_Fields.speed[i], [this, i] { OnSpeedChanged(i); });
-        OnChange(m_Fields.pressure[i], [this, i] { OnPressureChanged(i); });
+        OnChange(m_Fields.speed[i], [this, i] { OnLevelChanged(MI_FP_PROFILE, m_Fields.speed[i], m_dFullSpeed, i); });
+        OnChange(m_Fields.pressure[i],
+                 [this, i] { OnLevelChanged(MI_P_PROFILE, m_Fields.pressure[i], m_dFullPressure, i); });
         OnChange(m_Fields.holdPressure[i], [this, i] { OnHoldPressureChanged(i); });
         OnChange(m_Fields.holdTime[i], [this, i] { OnHoldTimeChanged(i); });
     }
@@ -74,24 +75,14 @@ bool CJswStagePage::StoreStrokeStage(KRNMACHINEITEM profile, int stage, double p
 
 // ---- edits -------------------------------------------------------------------
 
-void CJswStagePage::OnSpeedChanged(int stage) {
-    const int id = m_Fields.speed[stage];
-    const double stored = StageValue(MI_FP_PROFILE, stage, m_dFullSpeed, false);
-    double speed = 0, y = 0;
-    m_bErrorPending = !ReadNumberField(id, stored, speed, m_dFullSpeed) ||
-                      !ToPercent(speed, m_dFullSpeed, y, id, stored) ||
-                      !StoreStrokeStage(MI_FP_PROFILE, stage, StageValue(MI_FP_PROFILE, stage, m_dFullStroke, true), y,
-                                        id, stored);
-}
-
-void CJswStagePage::OnPressureChanged(int stage) {
-    const int id = m_Fields.pressure[stage];
-    const double stored = StageValue(MI_P_PROFILE, stage, m_dFullPressure, false);
-    double pressure = 0, y = 0;
-    m_bErrorPending = !ReadNumberField(id, stored, pressure, m_dFullPressure) ||
-                      !ToPercent(pressure, m_dFullPressure, y, id, stored) ||
-                      !StoreStrokeStage(MI_P_PROFILE, stage, StageValue(MI_P_PROFILE, stage, m_dFullStroke, true), y,
-                                        id, stored);
+// A speed or pressure stage: its level up to the full scale, at the stage's
+// own position.
+void CJswStagePage::OnLevelChanged(KRNMACHINEITEM profile, int id, double fullScale, int stage) {
+    const double stored = StageValue(profile, stage, fullScale, false);
+    double value = 0, y = 0;
+    m_bErrorPending =
+        !ReadNumberField(id, stored, value, fullScale) || !ToPercent(value, fullScale, y, id, stored) ||
+        !StoreStrokeStage(profile, stage, StageValue(profile, stage, m_dFullStroke, true), y, id, stored);
 }
 
 // Speed and pressure stages share their switching positions. The field of
@@ -114,31 +105,12 @@ void CJswStagePage::OnPositionChanged(int stage) {
 }
 
 void CJswStagePage::OnHoldPressureChanged(int stage) {
-    const int id = m_Fields.holdPressure[stage];
-    const double packing = m_MachineData.GetPackingPressure();
-    const double stored = StageValue(MI_PP_PROFILE, stage, packing, false);
-    double pressure = 0, y = 0;
-    if (!ReadNumberField(id, stored, pressure, m_dFullPressure) || !ToPercent(pressure, packing, y, id, stored)) {
-        m_bErrorPending = true;
-        return;
-    }
-    double time = 0, oldY = 0;
-    m_MachineData.GetPPData(stage, time, oldY);
-    m_MachineData.SetPPData(stage, time, y);
-    KRNStages::EndFlat(m_MachineData, MI_PP_PROFILE);
-    m_bErrorPending = false;
+    m_bErrorPending = !EditStageValue(m_Fields.holdPressure[stage], MI_PP_PROFILE, stage,
+                                      m_MachineData.GetPackingPressure(), m_dFullPressure);
+    if (!m_bErrorPending) KRNStages::EndFlat(m_MachineData, MI_PP_PROFILE);
 }
 
 void CJswStagePage::OnHoldTimeChanged(int stage) {
-    const int id = m_Fields.holdTime[stage];
-    double oldTime = 0, y = 0;
-    m_MachineData.GetPPData(stage, oldTime, y);
-    double time = 0;
-    if (!ReadNumberField(id, oldTime, time)) {
-        m_bErrorPending = true;
-        return;
-    }
-    m_MachineData.SetPPData(stage, time, y);
-    KRNStages::EndFlat(m_MachineData, MI_PP_PROFILE);
-    m_bErrorPending = false;
+    m_bErrorPending = !EditStageTime(m_Fields.holdTime[stage], MI_PP_PROFILE, stage);
+    if (!m_bErrorPending) KRNStages::EndFlat(m_MachineData, MI_PP_PROFILE);
 }

@@ -44,8 +44,7 @@ private:
     // stroke. False (field `id` back to `stored`) when there is no stroke.
     bool StoreStrokeStage(KRNMACHINEITEM profile, int stage, double position, double percent, int id, double stored);
 
-    void OnSpeedChanged(int stage);
-    void OnPressureChanged(int stage);
+    void OnLevelChanged(KRNMACHINEITEM profile, int id, double fullScale, int stage);
     void OnPositionChanged(int stage);
     void OnHoldPressureChanged(int stage);
     void OnHoldTimeChanged(int stage);

@@ -129,30 +129,12 @@ void CMACHINE_JSW_SYSCOM3000_PACK::ToRecordForm() {
 
 void CMACHINE_JSW_SYSCOM3000_PACK::OnForceChanged(int stage) {
     if (!IsCompressionProcess()) return;
-    const int id = kCompressionForce[stage];
-    const double limit = m_dValue23 * kKiloNewtonPerTonne;
-    double force = 0, y = 0;
-    if (!ReadNumberField(id, Force(stage), force, limit) ||
-        !ToPercent(force / kKiloNewtonPerTonne, m_dValue23, y, id, Force(stage))) {
-        m_bErrorPending = true;
-        return;
-    }
-    double time = 0, oldY = 0;
-    m_MachineData.GetICMFData(stage, time, oldY);
-    m_MachineData.SetICMFData(stage, time, y);
-    KRNStages::EndFlat(m_MachineData, MI_ICMF_PROFILE);
-    m_bErrorPending = false;
+    m_bErrorPending = !EditStageValue(kCompressionForce[stage], MI_ICMF_PROFILE, stage, m_dValue23,
+                                      m_dValue23 * kKiloNewtonPerTonne, kKiloNewtonPerTonne);
+    if (!m_bErrorPending) KRNStages::EndFlat(m_MachineData, MI_ICMF_PROFILE);
 }
 
 void CMACHINE_JSW_SYSCOM3000_PACK::OnCompressionTimeChanged(int stage) {
     if (!IsCompressionProcess()) return;
-    const int id = kCompressionTime[stage];
-    double oldTime = 0, y = 0, time = 0;
-    m_MachineData.GetICMFData(stage, oldTime, y);
-    if (!ReadNumberField(id, oldTime, time)) {
-        m_bErrorPending = true;
-        return;
-    }
-    m_MachineData.SetICMFData(stage, time, y);
-    m_bErrorPending = false;
+    m_bErrorPending = !EditStageTime(kCompressionTime[stage], MI_ICMF_PROFILE, stage);
 }
