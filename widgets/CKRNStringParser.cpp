@@ -29,3 +29,11 @@ bool CKRNStringParser::IsNumber(const char* text) const {
     if (!IsDecimal(start, end, value)) return false;
     return *SkipBlanks(end) == '\0';
 }
+
+bool CKRNStringParser::IsWholeNumber(const char* text, double& value) const {
+    if (!IsNumber(text)) return false;
+    const double read = KRNAtof(text);
+    if (read != std::trunc(read)) return false;
+    value = read;
+    return true;
+}

@@ -7,6 +7,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 #if defined(__unix__) || defined(__APPLE__)
@@ -64,14 +65,44 @@ QString KRNFormat(const char* format, ...) {
     return result;
 }
 
-double KRNStrtod(const char* text, const char** end) {
-    if (!text) {
-        if (end) *end = text;
-        return 0.0;
+namespace {
+// The end of the decimal number at the start of `p` (sign, digits, a full
+// stop, an exponent), or `p` when there is none. strtod would also read
+// "nan", "inf" and hexadecimal numbers, which no machine field shows.
+const char* DecimalEnd(const char* p) {
+    const char* q = p;
+    if (*q == '+' || *q == '-') ++q;
+    const char* digits = q;
+    while (*q >= '0' && *q <= '9') ++q;
+    bool any = q != digits;
+    if (*q == '.') {
+        const char* fraction = ++q;
+        while (*q >= '0' && *q <= '9') ++q;
+        any = any || q != fraction;
     }
+    if (!any) return p;
+    if (*q == 'e' || *q == 'E') {
+        const char* e = q + 1;
+        if (*e == '+' || *e == '-') ++e;
+        if (*e >= '0' && *e <= '9') {
+            while (*e >= '0' && *e <= '9') ++e;
+            q = e;
+        }
+    }
+    return q;
+}
+}  // namespace
+
+double KRNStrtod(const char* text, const char** end) {
+    if (end) *end = text;
+    if (!text) return 0.0;
+    const char* start = text;
+    while (*start == ' ' || (*start >= '\t' && *start <= '\r')) ++start;
+    const char* stop = DecimalEnd(start);
+    if (stop == start) return 0.0;
+    const std::string number(start, stop);
     ClassicLocale classic;
-    char* stop = nullptr;
-    const double value = std::strtod(text, &stop);
+    const double value = std::strtod(number.c_str(), nullptr);
     if (end) *end = stop;
     return value;
 }
@@ -84,15 +115,17 @@ double KRNAtof(const char* text) {
 double KRNAtof(const QString& text) { return KRNAtof(text.toUtf8().constData()); }
 
 int KRNAtoi(const char* text) {
-    if (!text) return 0;
-    ClassicLocale classic;
-    errno = 0;
-    const long value = std::strtol(text, nullptr, 10);
-    if (value > INT_MAX) return INT_MAX;
-    if (value < INT_MIN) return INT_MIN;
+    const double value = std::trunc(KRNAtof(text));
+    if (value >= static_cast<double>(INT_MAX)) return INT_MAX;
+    if (value <= static_cast<double>(INT_MIN)) return INT_MIN;
     return static_cast<int>(value);
 }
 
 int KRNAtoi(const QString& text) { return KRNAtoi(text.toUtf8().constData()); }
 
-QString FormatNumber(double value) { return KRNFormat("%lg", value); }
+QString KRNFormatValue(const char* format, double value) {
+    if (!std::isfinite(value)) return QStringLiteral("---");
+    return KRNFormat(format, value);
+}
+
+QString FormatNumber(double value) { return KRNFormatValue("%lg", value); }

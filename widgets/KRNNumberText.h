@@ -15,17 +15,25 @@ QString KRNFormat(const char* format, ...)
 #endif
     ;
 
-// strtod with the "C" rules; *end (when given) points past the number read.
+// strtod with the "C" rules, reading decimal numbers only (sign, digits, full
+// stop, exponent): "nan", "inf" and "0x10" read no number, as on the screens.
+// *end (when given) points past the number read, or at `text` when there is
+// none. An overflowing number reads as infinity here; the readers below
+// never give one.
 double KRNStrtod(const char* text, const char** end);
-// atof semantics: the leading number, 0.0 when there is none. "nan", "inf"
-// and overflowing numbers read as 0.0 too: a field never yields a value that
-// could corrupt a record.
+// atof semantics on that reading: the leading number, 0.0 when there is none.
+// Overflowing numbers read as 0.0 too: a field never yields a value that could
+// corrupt a record.
 double KRNAtof(const char* text);
 double KRNAtof(const QString& text);
-// atoi semantics: the leading whole number, 0 when there is none; out-of-range
-// values are held at the int limits.
+// atoi semantics on the same reading: KRNAtof's value without its fraction,
+// held at the int limits ("1e3" is 1000, "2.5" is 2, "1e400" is 0).
 int KRNAtoi(const char* text);
 int KRNAtoi(const QString& text);
 
-// A value with "%lg".
+// A value shown in a field: `format` ("%6.2f", "%lg", ...) with one double.
+// A value that is no number or infinite (a full scale of 0 behind it) shows
+// "---", the screens' sign for a value the record does not feed.
+QString KRNFormatValue(const char* format, double value);
+// A value with "%lg" ("---" when it is not finite).
 QString FormatNumber(double value);

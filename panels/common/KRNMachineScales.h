@@ -4,6 +4,12 @@
 
 #include "KRNMachineData.h"
 
+#include <cmath>
+
+// A full scale that percentages can be taken of: finite and above 0. A screw
+// diameter, stroke, pressure or time of 0 in the machine data gives none.
+inline bool KRNHasFullScale(double fullScale) { return std::isfinite(fullScale) && fullScale > 0.0; }
+
 // The screw's top speed in mm/s: the maximum injection rate (cm3/s) over the
 // screw's cross-section, with the screens' own 3.14159.
 inline double KRNMaxInjectionSpeed(const CKRNMachineData& record) {

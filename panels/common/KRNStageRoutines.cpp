@@ -102,7 +102,8 @@ void Shrink(CKRNMachineData& record, KRNMACHINEITEM profile, int points) {
 
 void SetStageCount(CKRNMachineData& record, KRNMACHINEITEM profile, int stages) {
     if (stages < 0) return;
-    const int wanted = stages + 1;
+    // A profile of one point has no stage left to grow from.
+    const int wanted = std::max(stages, 1) + 1;
     const int n = record.GetProfileDataCount(profile);
     if (wanted > n) Grow(record, profile, wanted);
     else if (wanted < n) Shrink(record, profile, wanted);

@@ -49,7 +49,8 @@ void Grow(CKRNMachineData& record, KRNMACHINEITEM profile, int points);
 // Removes second-to-last points until at most `points` remain.
 void Shrink(CKRNMachineData& record, KRNMACHINEITEM profile, int points);
 // Wanted stage count typed by the user: grows or shrinks to count + 1 points;
-// a negative count changes nothing.
+// a negative count changes nothing, and one stage always stays (a count of 0
+// keeps two points), so a later count can grow the profile again.
 void SetStageCount(CKRNMachineData& record, KRNMACHINEITEM profile, int stages);
 // On OK: every point but the last whose x is exactly 0 goes (undoing the
 // padding), and the last point becomes (0, y of the point before it).

@@ -20,5 +20,3 @@ void CFanucS2000iPage::NavigationKeys(std::initializer_list<std::pair<int, int>>
 }
 
 bool CFanucS2000iPage::IsRestricted() const { return m_pFrame && m_pFrame->m_bRestricted; }
-
-void CFanucS2000iPage::ShowNumber(int id, double value) { SetDlgItemText(id, KRNFormat("%6.2f", value)); }

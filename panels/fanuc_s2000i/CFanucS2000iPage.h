@@ -36,8 +36,5 @@ protected:
             if (disable) EnableDlgItem(id, false);
         }
     }
-    // "%6.2f" into a field.
-    void ShowNumber(int id, double value);
-
     CMACHINE_FANUC_S2000I_DLG* m_pFrame;
 };

@@ -11,14 +11,10 @@ CMACHINE_FANUC_S2000I_PACKING_PAGE::CMACHINE_FANUC_S2000I_PACKING_PAGE(const CKR
     : CFanucS2000iPage(IDD_PACKING, data, frame) {
     NavigationKeys({{1212, kPacking}, {1213, kCooling}, {1214, kTemperature}, {1217, kRetreat}}, kPacking);
 
-    OnChange(IDC_INJECTION_PRESSURE_LIMIT, [this] {
-        m_MachineData.SetInjectionPressure(KRNAtof(GetDlgItemText(IDC_INJECTION_PRESSURE_LIMIT)) / 10.0);
-    });
-    OnChange(IDC_VP_POSITION, [this] {
-        const QString text = GetDlgItemText(IDC_VP_POSITION);
-        m_MachineData.SetMachineData(MI_VP_RAM_POSITION, KRNAtof(text));
-        SetDlgItemText(IDC_VP_POSITION_COPY, text);
-    });
+    // The pressure limit in bar, the record's in MPa.
+    BindPlainField(IDC_INJECTION_PRESSURE_LIMIT, MI_INJECTION_PRESSURE, KRNField::Pressure, "%lg", 10.0);
+    BindPlainField(IDC_VP_POSITION, MI_VP_RAM_POSITION, KRNField::Position, "%6.2f", 1.0,
+                   [this](const QString& text) { SetDlgItemText(IDC_VP_POSITION_COPY, text); });
     OnChange(IDC_SPEED_STAGES, &CMACHINE_FANUC_S2000I_PACKING_PAGE::OnSpeedStagesChanged);
     OnChange(IDC_HOLD_STAGES, &CMACHINE_FANUC_S2000I_PACKING_PAGE::OnHoldStagesChanged);
     for (int k = 0; k < 5; ++k) OnChange(kSpeedFields[k], [this, k] { OnSpeedChanged(k); });
@@ -107,12 +103,12 @@ void CMACHINE_FANUC_S2000I_PACKING_PAGE::ShowSpeedStages() {
     for (int k = 0; k < 5; ++k) {
         const bool fed = k < stages;
         EnableDlgItem(kSpeedFields[k], fed);
-        SetDlgItemText(kSpeedFields[k], fed ? KRNFormat("%6.2f", Speed(k)) : QStringLiteral("0"));
+        SetDlgItemText(kSpeedFields[k], fed ? KRNFormatValue("%6.2f", Speed(k)) : QStringLiteral("0"));
     }
     for (int k = 0; k < 4; ++k) {
         const bool fed = k < stages;
         EnableDlgItem(kPositionFields[k], fed);
-        SetDlgItemText(kPositionFields[k], fed ? KRNFormat("%6.2f", Position(k)) : QStringLiteral("0"));
+        SetDlgItemText(kPositionFields[k], fed ? KRNFormatValue("%6.2f", Position(k)) : QStringLiteral("0"));
     }
 }
 
@@ -123,8 +119,8 @@ void CMACHINE_FANUC_S2000I_PACKING_PAGE::ShowHoldStages() {
         const bool fed = k < stages;
         EnableDlgItem(kHoldPressureFields[k], fed);
         EnableDlgItem(kHoldTimeFields[k], fed);
-        SetDlgItemText(kHoldPressureFields[k], fed ? KRNFormat("%6.2f", HoldPressure(k)) : QStringLiteral("0"));
-        SetDlgItemText(kHoldTimeFields[k], fed ? KRNFormat("%6.2f", HoldTime(k)) : QStringLiteral("0"));
+        SetDlgItemText(kHoldPressureFields[k], fed ? KRNFormatValue("%6.2f", HoldPressure(k)) : QStringLiteral("0"));
+        SetDlgItemText(kHoldTimeFields[k], fed ? KRNFormatValue("%6.2f", HoldTime(k)) : QStringLiteral("0"));
     }
 }
 
@@ -133,7 +129,7 @@ void CMACHINE_FANUC_S2000I_PACKING_PAGE::ShowHoldStages() {
 void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnSpeedChanged(int stage) {
     const int id = kSpeedFields[stage];
     double speed = 0, y = 0;
-    if (!ReadNumberField(id, Speed(stage), speed, m_dMaxSpeed) || !ToPercent(speed, m_dMaxSpeed, y, id, Speed(stage))) {
+    if (!ReadNumberField(id, Speed(stage), speed, KRNField::Speed, m_dMaxSpeed) || !ToPercent(speed, m_dMaxSpeed, y, id, Speed(stage))) {
         m_bError = true;
         return;
     }
@@ -153,7 +149,7 @@ void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnSpeedChanged(int stage) {
 void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnPositionChanged(int stage) {
     const int id = kPositionFields[stage];
     double position = 0;
-    if (!ReadNumberField(id, Position(stage), position)) {
+    if (!ReadNumberField(id, Position(stage), position, KRNField::Position)) {
         m_bError = true;
         return;
     }
@@ -179,7 +175,7 @@ void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnPositionChanged(int stage) {
 // Hold pressures in bar up to the injection pressure; the stage's time stays.
 void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnHoldPressureChanged(int stage) {
     m_bError = !EditStageValue(kHoldPressureFields[stage], MI_PP_PROFILE, stage, m_MachineData.GetPackingPressure(),
-                               m_dMaxPressure * 10.0, 10.0);
+                               m_dMaxPressure * 10.0, KRNField::Pressure, 10.0);
     if (!m_bError) KRNStages::HoldTail(m_MachineData, MI_PP_PROFILE);
 }
 
@@ -189,8 +185,8 @@ void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnHoldTimeChanged(int stage) {
 }
 
 void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnSpeedStagesChanged() {
-    const int stages = KRNAtoi(GetDlgItemText(IDC_SPEED_STAGES));
-    if (stages < 0) return;
+    int stages = 0;
+    if (!ReadStageCount(IDC_SPEED_STAGES, m_nFPCount - 1, stages)) return;
     KRNStages::SetStageCount(m_MachineData, MI_FP_PROFILE, stages);
     m_nFPCount = m_MachineData.GetProfileDataCount(MI_FP_PROFILE);
     ShowSpeedStages();
@@ -198,8 +194,8 @@ void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnSpeedStagesChanged() {
 }
 
 void CMACHINE_FANUC_S2000I_PACKING_PAGE::OnHoldStagesChanged() {
-    const int stages = KRNAtoi(GetDlgItemText(IDC_HOLD_STAGES));
-    if (stages < 0) return;
+    int stages = 0;
+    if (!ReadStageCount(IDC_HOLD_STAGES, m_nPPCount - 1, stages)) return;
     KRNStages::SetStageCount(m_MachineData, MI_PP_PROFILE, stages);
     m_nPPCount = m_MachineData.GetProfileDataCount(MI_PP_PROFILE);
     ShowSpeedStages();

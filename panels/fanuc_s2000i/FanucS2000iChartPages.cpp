@@ -59,7 +59,7 @@ bool CMACHINE_FANUC_S2000I_INJECTION_PRE_PAGE::OnInitDialog() {
     const double speed = KRNMaxInjectionSpeed(m_MachineData);
     for (int i = 0; i < 5; ++i) {
         SetDlgItemText(kInjectionPressureLabels[i], FormatNumber(bar * kAxisShares[i]));
-        SetDlgItemText(kInjectionSpeedLabels[i], KRNFormat("%.1f", speed * kAxisShares[i]));
+        SetDlgItemText(kInjectionSpeedLabels[i], KRNFormatValue("%.1f", speed * kAxisShares[i]));
     }
     SetBitmap(1430, IDB_CHART_SCALE);
     SetBitmap(1377, IDB_CHART_LEGEND);

@@ -27,8 +27,7 @@ CMACHINE_FANUC_S2000I_COOLING_PAGE::CMACHINE_FANUC_S2000I_COOLING_PAGE(const CKR
                                                                        CMACHINE_FANUC_S2000I_DLG* frame)
     : CFanucS2000iPage(IDD_COOLING, data, frame) {
     NavigationKeys({{1753, kPacking}, {1754, kCooling}, {1755, kTemperature}, {1758, kRetreat}}, kCooling);
-    OnChange(IDC_COOLING_TIME,
-             [this] { m_MachineData.SetCoolingTime(KRNAtof(GetDlgItemText(IDC_COOLING_TIME))); });
+    BindPlainField(IDC_COOLING_TIME, MI_COOLING_TIME, KRNField::Time);
     SetCtlColor(IDC_COOLING_TIME, kEditText, kEditBack);
     SetCtlColor(IDC_COOLING_VP_POSITION, kValueText, kValueBack);
     SetCtlColor(IDC_STATIC, kTitleText, kTitleBack);
@@ -47,9 +46,7 @@ CMACHINE_FANUC_S2000I_RETREAT_PAGE::CMACHINE_FANUC_S2000I_RETREAT_PAGE(const CKR
                                                                        CMACHINE_FANUC_S2000I_DLG* frame)
     : CFanucS2000iPage(IDD_RETREAT, data, frame) {
     NavigationKeys({{1288, kPacking}, {1289, kCooling}, {1290, kTemperature}, {1293, kRetreat}}, kRetreat);
-    OnChange(IDC_SUCK_BACK, [this] {
-        m_MachineData.SetMachineData(MI_SUCK_BACK_VALUE, KRNAtof(GetDlgItemText(IDC_SUCK_BACK)));
-    });
+    BindPlainField(IDC_SUCK_BACK, MI_SUCK_BACK_VALUE, KRNField::Position);
     SetCtlColor(IDC_SUCK_BACK, kEditText, kEditBack);
     SetCtlColor(IDC_RETREAT_VP_POSITION, kValueText, kValueBack);
     SetCtlColor(IDC_STATIC, kTitleText, kTitleBack);
@@ -68,11 +65,8 @@ CMACHINE_FANUC_S2000I_TEMPERATURE_PAGE::CMACHINE_FANUC_S2000I_TEMPERATURE_PAGE(c
                                                                                CMACHINE_FANUC_S2000I_DLG* frame)
     : CFanucS2000iPage(IDD_TEMPERATURE, data, frame) {
     NavigationKeys({{1242, kPacking}, {1244, kCooling}, {1245, kTemperature}, {1248, kRetreat}}, kTemperature);
-    OnChange(IDC_MELT_TEMPERATURE, [this] {
-        const QString text = GetDlgItemText(IDC_MELT_TEMPERATURE);
-        m_MachineData.SetMeltTemperature(KRNAtof(text));
-        SetDlgItemText(IDC_MELT_TEMPERATURE_COPY, text);
-    });
+    BindPlainField(IDC_MELT_TEMPERATURE, MI_MELT_TEMPERATURE, KRNField::Temperature, "%lg", 1.0,
+                   [this](const QString& text) { SetDlgItemText(IDC_MELT_TEMPERATURE_COPY, text); });
     SetCtlColor(IDC_MELT_TEMPERATURE, kEditText, kEditBack);
     SetCtlColor(IDC_MELT_TEMPERATURE_COPY, kValueText, kValueBack);
     SetCtlColor(IDC_STATIC, kTitleText, kTitleBack);

@@ -9,9 +9,9 @@ CJswStagePage::CJswStagePage(int templateId, const CKRNMachineData& data, QWidge
     : CKRNPanelPage(templateId, data, frame), m_Fields(fields), m_bHoldZeroFromCount(holdZeroFromCount) {
     SetClock(JswSyscom3000::IDC_CLOCK);
     for (int i = 0; i < 6; ++i) {
-        OnChange(m_Fields.speed[i], [this, i] { OnLevelChanged(MI_FP_PROFILE, m_Fields.speed[i], m_dFullSpeed, i); });
+        OnChange(m_Fields.speed[i], [this, i] { OnLevelChanged(MI_FP_PROFILE, m_Fields.speed[i], m_dFullSpeed, i, KRNField::Speed); });
         OnChange(m_Fields.pressure[i],
-                 [this, i] { OnLevelChanged(MI_P_PROFILE, m_Fields.pressure[i], m_dFullPressure, i); });
+                 [this, i] { OnLevelChanged(MI_P_PROFILE, m_Fields.pressure[i], m_dFullPressure, i, KRNField::Pressure); });
         OnChange(m_Fields.holdPressure[i], [this, i] { OnHoldPressureChanged(i); });
         OnChange(m_Fields.holdTime[i], [this, i] { OnHoldTimeChanged(i); });
     }
@@ -21,8 +21,6 @@ CJswStagePage::CJswStagePage(int templateId, const CKRNMachineData& data, QWidge
 void CJswStagePage::ToPageForm() { KRNStages::ToPageForm(m_MachineData, MI_PP_PROFILE, MI_PACKING_TIME); }
 
 void CJswStagePage::ToRecordForm() { KRNStages::ToRecordForm(m_MachineData, MI_PP_PROFILE, MI_PACKING_TIME); }
-
-void CJswStagePage::ShowNumber(int id, double value) { SetDlgItemText(id, KRNFormat("%6.2f", value)); }
 
 double CJswStagePage::StageValue(KRNMACHINEITEM profile, int stage, double fullScale, bool x) const {
     double px = 0, py = 0;
@@ -77,11 +75,11 @@ bool CJswStagePage::StoreStrokeStage(KRNMACHINEITEM profile, int stage, double p
 
 // A speed or pressure stage: its level up to the full scale, at the stage's
 // own position.
-void CJswStagePage::OnLevelChanged(KRNMACHINEITEM profile, int id, double fullScale, int stage) {
+void CJswStagePage::OnLevelChanged(KRNMACHINEITEM profile, int id, double fullScale, int stage, KRNField kind) {
     const double stored = StageValue(profile, stage, fullScale, false);
     double value = 0, y = 0;
     m_bErrorPending =
-        !ReadNumberField(id, stored, value, fullScale) || !ToPercent(value, fullScale, y, id, stored) ||
+        !ReadNumberField(id, stored, value, kind, fullScale) || !ToPercent(value, fullScale, y, id, stored) ||
         !StoreStrokeStage(profile, stage, StageValue(profile, stage, m_dFullStroke, true), y, id, stored);
 }
 
@@ -93,7 +91,7 @@ void CJswStagePage::OnPositionChanged(int stage) {
     const int id = m_Fields.position[stage];
     const double stored = StageValue(MI_FP_PROFILE, stage + 1, m_dFullStroke, true);
     double position = 0;
-    if (!ReadNumberFieldInRange(id, stored, position, 0.0, m_dStrokeLimit)) {
+    if (!ReadNumberFieldInRange(id, stored, position, KRNField::Position, 0.0, m_dStrokeLimit)) {
         m_bErrorPending = true;
         return;
     }
@@ -106,7 +104,7 @@ void CJswStagePage::OnPositionChanged(int stage) {
 
 void CJswStagePage::OnHoldPressureChanged(int stage) {
     m_bErrorPending = !EditStageValue(m_Fields.holdPressure[stage], MI_PP_PROFILE, stage,
-                                      m_MachineData.GetPackingPressure(), m_dFullPressure);
+                                      m_MachineData.GetPackingPressure(), m_dFullPressure, KRNField::Pressure);
     if (!m_bErrorPending) KRNStages::EndFlat(m_MachineData, MI_PP_PROFILE);
 }
 

@@ -31,8 +31,6 @@ protected:
 
     // Full scales and counts, then every stage field.
     void InitStages();
-    // "%6.2f" into a field.
-    void ShowNumber(int id, double value);
     // A stage's value in machine units from a profile point.
     double StageValue(KRNMACHINEITEM profile, int stage, double fullScale, bool x) const;
 
@@ -44,7 +42,7 @@ private:
     // stroke. False (field `id` back to `stored`) when there is no stroke.
     bool StoreStrokeStage(KRNMACHINEITEM profile, int stage, double position, double percent, int id, double stored);
 
-    void OnLevelChanged(KRNMACHINEITEM profile, int id, double fullScale, int stage);
+    void OnLevelChanged(KRNMACHINEITEM profile, int id, double fullScale, int stage, KRNField kind);
     void OnPositionChanged(int stage);
     void OnHoldPressureChanged(int stage);
     void OnHoldTimeChanged(int stage);

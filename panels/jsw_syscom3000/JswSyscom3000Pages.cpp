@@ -25,16 +25,12 @@ void ShowMachineData(CKRNDialog& page, const CKRNMachineData& r, const int (&dia
 CMACHINE_JSW_SYSCOM3000_TEMP::CMACHINE_JSW_SYSCOM3000_TEMP(const CKRNMachineData& data, QWidget* frame)
     : CKRNPanelPage(IDD_TEMP, data, frame) {
     SetClock(IDC_CLOCK);
-    OnChange(IDC_MOLD_TEMPERATURE, [this] {
-        const QString text = GetDlgItemText(IDC_MOLD_TEMPERATURE);
-        m_MachineData.SetMoldTemperature(KRNAtof(text));
-        SetDlgItemText(IDC_MOLD_MIRROR, text);
-    });
-    OnChange(IDC_MELT_TEMPERATURE, [this] {
-        const QString text = GetDlgItemText(IDC_MELT_TEMPERATURE);
-        m_MachineData.SetMeltTemperature(KRNAtof(text));
-        for (int id : kMeltMirrors) SetDlgItemText(id, text);
-    });
+    BindPlainField(IDC_MOLD_TEMPERATURE, MI_MOLD_TEMPERATURE, KRNField::Temperature, "%6.2f", 1.0,
+                   [this](const QString& text) { SetDlgItemText(IDC_MOLD_MIRROR, text); });
+    BindPlainField(IDC_MELT_TEMPERATURE, MI_MELT_TEMPERATURE, KRNField::Temperature, "%6.2f", 1.0,
+                   [this](const QString& text) {
+                       for (int id : kMeltMirrors) SetDlgItemText(id, text);
+                   });
 }
 
 bool CMACHINE_JSW_SYSCOM3000_TEMP::OnInitDialog() {
@@ -53,12 +49,8 @@ bool CMACHINE_JSW_SYSCOM3000_TEMP::OnInitDialog() {
 
 CMACHINE_JSW_SYSCOM3000_INJ::CMACHINE_JSW_SYSCOM3000_INJ(const CKRNMachineData& data, QWidget* frame)
     : CJswStagePage(IDD_INJ, data, frame, kInjectionFields, false) {
-    OnChange(IDC_VP_POSITION, [this] {
-        m_MachineData.SetMachineData(MI_VP_RAM_POSITION, KRNAtof(GetDlgItemText(IDC_VP_POSITION)));
-    });
-    OnChange(IDC_SUCK_BACK, [this] {
-        m_MachineData.SetMachineData(MI_SUCK_BACK_VALUE, KRNAtof(GetDlgItemText(IDC_SUCK_BACK)));
-    });
+    BindPlainField(IDC_VP_POSITION, MI_VP_RAM_POSITION, KRNField::Position, "%6.2f");
+    BindPlainField(IDC_SUCK_BACK, MI_SUCK_BACK_VALUE, KRNField::Position, "%6.2f");
 }
 
 bool CMACHINE_JSW_SYSCOM3000_INJ::OnInitDialog() {
@@ -109,8 +101,8 @@ bool CMACHINE_JSW_SYSCOM3000_PACK::OnInitDialog() {
     for (int i = 0; i < 6; ++i) {
         double x = 0, y = 0;
         m_MachineData.GetICMFData(i, x, y);
-        SetDlgItemText(kCompressionForce[i], i < fed ? KRNFormat("%6.2f", Force(i)) : QStringLiteral("0"));
-        SetDlgItemText(kCompressionTime[i], i < fed ? KRNFormat("%6.2f", x) : QStringLiteral("0"));
+        SetDlgItemText(kCompressionForce[i], i < fed ? KRNFormatValue("%6.2f", Force(i)) : QStringLiteral("0"));
+        SetDlgItemText(kCompressionTime[i], i < fed ? KRNFormatValue("%6.2f", x) : QStringLiteral("0"));
     }
     return true;
 }
@@ -130,7 +122,7 @@ void CMACHINE_JSW_SYSCOM3000_PACK::ToRecordForm() {
 void CMACHINE_JSW_SYSCOM3000_PACK::OnForceChanged(int stage) {
     if (!IsCompressionProcess()) return;
     m_bErrorPending = !EditStageValue(kCompressionForce[stage], MI_ICMF_PROFILE, stage, m_dValue23,
-                                      m_dValue23 * kKiloNewtonPerTonne, kKiloNewtonPerTonne);
+                                      m_dValue23 * kKiloNewtonPerTonne, KRNField::Force, kKiloNewtonPerTonne);
     if (!m_bErrorPending) KRNStages::EndFlat(m_MachineData, MI_ICMF_PROFILE);
 }
 

@@ -239,13 +239,18 @@ TEST(FanucS2000i, MachinesWithoutFullScaleWriteNothingThatIsNoNumber) {
     r.SetMachineData(MI_PACKING_PRESSURE, 0.0);
     Session s = OpenFanuc(r, [] {
         Click(kKeyPacking);
+        // No screw diameter: no speed in mm/s to show.
+        EXPECT_EQ(Text(kSpeed[0]), "---");
         Type(kSpeed[0], "50");
         Type(kPosition[1], "50");
         Type(kHoldPressure[0], "100");
         OK();
     });
     EXPECT_TRUE(KRNAllFinite(s.record));
-    EXPECT_EQ(s.messages.size(), 2u);  // stroke and packing pressure have no full scale
+    // Diameter, stroke and packing pressure: none gives a full scale.
+    ASSERT_EQ(s.messages.size(), 3u);
+    for (const std::string& m : s.messages) EXPECT_NE(m.find("no full scale"), std::string::npos) << m;
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), KRNProfile(r, MI_FP_PROFILE));
 }
 
 TEST(FanucS2000i, ThroughTheInterfaceOkAndCancel) {
@@ -295,4 +300,76 @@ TEST(FanucS2000i, HostedWithoutAModalLoop) {
     Cancel();
     EXPECT_FALSE(panels.CanUpdate());
     EXPECT_EQ(KRNDriver::TopDialog(), nullptr);
+}
+
+// ---- what a hostile or hurried user types ------------------------------------
+
+TEST(FanucS2000i, AStageCountBeingRetypedKeepsTheStages) {
+    Session s = OpenFanuc(KRN40mmRecord(), [] {
+        Click(kKeyPacking);
+        // Deleting "5" to type "3" passes through an empty field; half-typed
+        // and non-numeric texts are an entry in progress.
+        for (const char* text : {"", "-", "abc", "2.5", "1e", "3"}) Type(kSpeedStages, text);
+        EXPECT_TRUE(Enabled(kSpeed[2]));
+        EXPECT_FALSE(Enabled(kSpeed[3]));
+        OK();
+    });
+    EXPECT_TRUE(s.messages.empty());
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE).size(), 4u);
+}
+
+TEST(FanucS2000i, StageCountsOutsideOneTo99AreRefusedAndNothingIsLost) {
+    Session s = OpenFanuc(KRN40mmRecord(), [] {
+        Click(kKeyPacking);
+        for (const char* text : {"2147483647", "100000", "300000000", "1e3", "0"}) {
+            Type(kSpeedStages, text);
+            EXPECT_EQ(Text(kSpeedStages), "5") << text;
+        }
+        Type(kHoldStages, "99");  // the most a count field takes
+        OK();
+    });
+    ASSERT_EQ(s.messages.size(), 5u);
+    EXPECT_EQ(s.messages[0], "Can't more than 99");
+    EXPECT_EQ(s.messages[3], "Can't more than 99");
+    EXPECT_EQ(s.messages[4], "Can't smaller than 1");
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), KRNProfile(KRN40mmRecord(), MI_FP_PROFILE));
+    EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE).size(), 100u);
+}
+
+TEST(FanucS2000i, NegativeAndOverflowingHoldTimesAreRefused) {
+    Session s = OpenFanuc(KRN40mmRecord(), [] {
+        Click(kKeyPacking);
+        Type(kHoldTime[0], "-1");
+        EXPECT_EQ(Text(kHoldTime[0]), "1.50");
+        Type(kHoldTime[0], "1e308");
+        Type(kHoldTime[1], "1e308");
+        EXPECT_EQ(Text(kHoldTime[1]), "3.00");
+        Click(kToCooling);
+        OK();
+    });
+    ASSERT_EQ(s.messages.size(), 3u);
+    // 353 with the range of times: up to 9999 s, not below 0.
+    EXPECT_EQ(s.messages[0], "Please enter a value not above 9999.00 and not below 0.00.");
+    EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE), KRNProfile(KRN40mmRecord(), MI_PP_PROFILE));
+    EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 6.0);
+}
+
+TEST(FanucS2000i, ValuesNoMachineTakesNeverReachTheRecord) {
+    const CKRNMachineData r = KRN40mmRecord();
+    Session s = OpenFanuc(r, [] {
+        Click(kKeyPacking);
+        Type(kPosition[1], "1e308");
+        Type(kSpeed[0], "-5");
+        Type(kPressureLimit, "-1e308");  // a plain field: stored as typed, within reason
+        Type(1134, "1e308");             // V/P position
+        Click(kKeyMenu);
+        Click(1140);  // temperature page
+        Type(1309, "-1e308");  // melt temperature
+        OK();
+    });
+    EXPECT_EQ(s.messages.size(), 5u);
+    EXPECT_TRUE(KRNAllFinite(s.record));
+    for (KRNMACHINEITEM item : {MI_INJECTION_PRESSURE, MI_VP_RAM_POSITION, MI_MELT_TEMPERATURE})
+        EXPECT_EQ(KRNItem(s.record, item), KRNItem(r, item)) << item;
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), KRNProfile(r, MI_FP_PROFILE));
 }

@@ -69,8 +69,10 @@ TEST(StageCount, GrowsWithCopiesAndShrinksFromTheEnd) {
     ExpectProfile(r, MI_FP_PROFILE, {{100, 40}, {0, 80}});
     KRNStages::SetStageCount(r, MI_FP_PROFILE, -2);  // ignored
     EXPECT_EQ(KRNProfile(r, MI_FP_PROFILE).size(), 2u);
-    KRNStages::SetStageCount(r, MI_FP_PROFILE, 0);
-    ExpectProfile(r, MI_FP_PROFILE, {{0, 80}});
+    KRNStages::SetStageCount(r, MI_FP_PROFILE, 0);  // one stage always stays, to grow from again
+    ExpectProfile(r, MI_FP_PROFILE, {{100, 40}, {0, 80}});
+    KRNStages::SetStageCount(r, MI_FP_PROFILE, 2);
+    ExpectProfile(r, MI_FP_PROFILE, {{100, 40}, {50, 40}, {0, 40}});
 }
 
 TEST(TailRules, FlatEndAndTheHoldAsymmetry) {

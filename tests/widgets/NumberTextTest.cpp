@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <clocale>
+#include <cmath>
 #include <string>
 
 TEST(NumberTest, AcceptsOneDecimalNumberBetweenBlanks) {
@@ -50,6 +52,43 @@ TEST_F(CommaLocale, FormatsAndReadsWithAFullStop) {
     CKRNStringParser parser;
     EXPECT_TRUE(parser.IsNumber("12.5"));
     EXPECT_FALSE(parser.IsNumber("12,5"));
+}
+
+// Every reader takes the same texts for numbers as the number test.
+TEST(NumberText, ReadersAgreeWithTheNumberTest) {
+    EXPECT_EQ(KRNAtof("0x10"), 0.0);  // hexadecimal is no number on the screens
+    EXPECT_EQ(KRNAtof("infinity"), 0.0);
+    EXPECT_EQ(KRNAtof("nan(1)"), 0.0);
+    EXPECT_EQ(KRNAtoi("1e3"), 1000);
+    EXPECT_EQ(KRNAtoi("2.5"), 2);
+    EXPECT_EQ(KRNAtoi("1e400"), 0);  // as KRNAtof: an overflow reads as no number
+    EXPECT_EQ(KRNAtof("1e400"), 0.0);
+    EXPECT_EQ(KRNAtof("12e"), 12.0);  // an exponent without digits is not read
+    const char* end = nullptr;
+    EXPECT_EQ(KRNStrtod("-1.5e2x", &end), -150.0);
+    EXPECT_STREQ(end, "x");
+    EXPECT_EQ(KRNStrtod("+.e1", &end), 0.0);
+    EXPECT_STREQ(end, "+.e1");
+
+    CKRNStringParser parser;
+    double whole = 0;
+    EXPECT_TRUE(parser.IsWholeNumber("1e3", whole));
+    EXPECT_EQ(whole, 1000.0);
+    EXPECT_TRUE(parser.IsWholeNumber(" 3.0 ", whole));
+    for (const char* text : {"2.5", "", "-", "abc", "1e400", "0x3"}) EXPECT_FALSE(parser.IsWholeNumber(text, whole)) << text;
+    // What the test accepts, the readers read the same way.
+    for (const char* text : {"12", "1e3", "2.5", "99999999999", "-7", "0.", "007"}) {
+        ASSERT_TRUE(parser.IsNumber(text)) << text;
+        EXPECT_EQ(KRNAtoi(text), static_cast<int>(std::max(-2147483648.0, std::min(2147483647.0, std::trunc(KRNAtof(text))))))
+            << text;
+    }
+}
+
+TEST(NumberText, ValuesThatAreNoNumberShowAsDashes) {
+    EXPECT_EQ(KRNFormatValue("%6.2f", HUGE_VAL), QStringLiteral("---"));
+    EXPECT_EQ(KRNFormatValue("%6.2f", std::nan("")), QStringLiteral("---"));
+    EXPECT_EQ(FormatNumber(-HUGE_VAL), QStringLiteral("---"));
+    EXPECT_EQ(KRNFormatValue("%6.2f", 3.0), QStringLiteral("  3.00"));
 }
 
 TEST(NumberText, ReadsLikeTheCLibrary) {
