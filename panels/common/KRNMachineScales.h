@@ -16,3 +16,14 @@ inline double KRNMaxInjectionSpeed(const CKRNMachineData& record) {
     const double d = record.GetMachine(MC_SCREW_DIAMETER) / 10.0;  // cm
     return record.GetMachine(MC_MAX_INJECTION_RATE) * 10.0 / (d * d * 3.14159 * 0.25);
 }
+
+// The full scales and limits the stage pages take from the record, in record units.
+inline double KRNItemValue(const CKRNMachineData& record, KRNMACHINEITEM item) {
+    double value = 0.0;
+    record.GetMachineData(item, value);
+    return value;
+}
+inline double KRNFullStroke(const CKRNMachineData& r) { return KRNItemValue(r, MI_MAX_RAM_POSITION); }  // mm
+inline double KRNStrokeLimit(const CKRNMachineData& r) { return r.GetMachine(MC_SPEC_2); }  // mm
+inline double KRNInjectionPressure(const CKRNMachineData& r) { return KRNItemValue(r, MI_INJECTION_PRESSURE); }  // MPa
+inline double KRNPackingPressure(const CKRNMachineData& r) { return KRNItemValue(r, MI_PACKING_PRESSURE); }  // MPa

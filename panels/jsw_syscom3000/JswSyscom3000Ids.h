@@ -2,6 +2,10 @@
 
 // Template and control numbers of the JSW Syscom3000 screens in the resource module.
 
+#include "common/KRNMachineScales.h"
+#include "common/KRNStageField.h"
+#include "common/KRNStageRoutines.h"
+
 namespace JswSyscom3000 {
 
 constexpr int IDD_FRAME = 31143;
@@ -37,35 +41,50 @@ constexpr int kMeltMirrors[2] = {1379, 1501};
 constexpr int IDC_MACHINE_PICTURE = 1502;
 constexpr int IDB_MACHINE_PICTURE = 753;
 
-// The stage fields of a page, stage 1 first.
-struct StageFields {
-    int speed[6];
-    int pressure[6];
-    int position[5];
-    int holdPressure[6];
-    int holdTime[6];
-};
+// ---- the stage fields of a page, stage 1 first --------------------------------
 
 // Injection and hold page. 1379 sits where a sixth position would be and
 // is left to the template.
-constexpr StageFields kInjectionFields{
-    {1378, 1376, 1374, 1372, 1370, 1368},
-    {1377, 1375, 1373, 1371, 1369, 1367},
-    {1384, 1383, 1382, 1381, 1380},
-    {1397, 1396, 1395, 1394, 1393, 1392},
-    {1403, 1402, 1401, 1400, 1399, 1398},
-};
+constexpr int kSpeed[6] = {1378, 1376, 1374, 1372, 1370, 1368};
+constexpr int kPressure[6] = {1377, 1375, 1373, 1371, 1369, 1367};
+constexpr int kPosition[5] = {1384, 1383, 1382, 1381, 1380};
+constexpr int kHoldPressure[6] = {1397, 1396, 1395, 1394, 1393, 1392};
+constexpr int kHoldTime[6] = {1403, 1402, 1401, 1400, 1399, 1398};
 constexpr int IDC_VP_POSITION = 1365;
 constexpr int IDC_SUCK_BACK = 1419;
 
 // Injection-compression and hold page; 1430 is left to the template like 1379.
-constexpr StageFields kCompressionPageFields{
-    {1428, 1427, 1424, 1423, 1429, 1422},
-    {1418, 1411, 1410, 1409, 1421, 1408},
-    {1434, 1433, 1432, 1431, 1435},
-    {1467, 1466, 1465, 1464, 1468, 1450},
-    {1447, 1446, 1445, 1444, 1449, 1443},
+constexpr int kICSpeed[6] = {1428, 1427, 1424, 1423, 1429, 1422};
+constexpr int kICPressure[6] = {1418, 1411, 1410, 1409, 1421, 1408};
+constexpr int kICPosition[5] = {1434, 1433, 1432, 1431, 1435};
+constexpr int kICHoldPressure[6] = {1467, 1466, 1465, 1464, 1468, 1450};
+constexpr int kICHoldTime[6] = {1447, 1446, 1445, 1444, 1449, 1443};
+
+// Both pages show the same stages: speeds up to the screw's top speed,
+// pressures up to the injection pressure, positions within the machine's
+// stroke (MC_SPEC_2), hold pressures of the packing pressure up to the
+// injection pressure, hold times in seconds. The injection-compression page
+// shows "0" for hold stages from the profile's count on, not its last point.
+// fields | profile | kind | full scale | limit | unit | rule after a stored edit | stages shown as "0"
+constexpr KRNStageFields kInjectionTable[] = {
+    {kSpeed, MI_FP_PROFILE, KRNField::Speed, KRNMaxInjectionSpeed, KRNMaxInjectionSpeed, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
+    {kPressure, MI_P_PROFILE, KRNField::Pressure, KRNInjectionPressure, KRNInjectionPressure, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
+    {kPosition, MI_FP_PROFILE, KRNField::Position, KRNFullStroke, KRNStrokeLimit, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
+    {kHoldPressure, MI_PP_PROFILE, KRNField::Pressure, KRNPackingPressure, KRNInjectionPressure, 1.0, KRNStages::EndFlat, KRNStageFields::FromLastPoint},
+    {kHoldTime, MI_PP_PROFILE, KRNField::Time, nullptr, nullptr, 1.0, KRNStages::EndFlat, KRNStageFields::FromLastPoint},
 };
+constexpr KRNStageFields kCompressionPageTable[] = {
+    {kICSpeed, MI_FP_PROFILE, KRNField::Speed, KRNMaxInjectionSpeed, KRNMaxInjectionSpeed, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
+    {kICPressure, MI_P_PROFILE, KRNField::Pressure, KRNInjectionPressure, KRNInjectionPressure, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
+    {kICPosition, MI_FP_PROFILE, KRNField::Position, KRNFullStroke, KRNStrokeLimit, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
+    {kICHoldPressure, MI_PP_PROFILE, KRNField::Pressure, KRNPackingPressure, KRNInjectionPressure, 1.0, KRNStages::EndFlat, KRNStageFields::FromCount},
+    {kICHoldTime, MI_PP_PROFILE, KRNField::Time, nullptr, nullptr, 1.0, KRNStages::EndFlat, KRNStageFields::FromCount},
+};
+// The field of stage k shows where stage k + 1 begins; what is typed there
+// is taken as the position of stage k, so the first field sets the full
+// stroke. Speed and pressure stages share their switching positions.
+constexpr KRNStageRules kStageRules{1, true};
+
 constexpr int kCompressionForce[6] = {1368, 1370, 1372, 1374, 1376, 1378};
 constexpr int kCompressionTime[6] = {1379, 1380, 1381, 1382, 1383, 1384};
 constexpr int IDC_IC_VP_POSITION = 1385;

@@ -48,13 +48,14 @@ bool CMACHINE_JSW_SYSCOM3000_TEMP::OnInitDialog() {
 // ---- injection and hold -----------------------------------------------------------
 
 CMACHINE_JSW_SYSCOM3000_INJ::CMACHINE_JSW_SYSCOM3000_INJ(const CKRNMachineData& data, QWidget* frame)
-    : CJswStagePage(IDD_INJ, data, frame, kInjectionFields, false) {
+    : CKRNStagePage(IDD_INJ, data, frame, kInjectionTable, kStageRules) {
+    SetClock(IDC_CLOCK);
     BindPlainField(IDC_VP_POSITION, MI_VP_RAM_POSITION, KRNField::Position, "%6.2f");
     BindPlainField(IDC_SUCK_BACK, MI_SUCK_BACK_VALUE, KRNField::Position, "%6.2f");
 }
 
 bool CMACHINE_JSW_SYSCOM3000_INJ::OnInitDialog() {
-    InitStages();
+    ShowStages();
     ShowNumber(IDC_VP_POSITION, m_MachineData.GetVPRamPosition());
     ShowNumber(IDC_SUCK_BACK, m_MachineData.GetSuckBackValue());
     ShowMachineData(*this, m_MachineData, kDiameterFieldsInj);
@@ -64,7 +65,8 @@ bool CMACHINE_JSW_SYSCOM3000_INJ::OnInitDialog() {
 // ---- injection-compression and hold ----------------------------------------------
 
 CMACHINE_JSW_SYSCOM3000_PACK::CMACHINE_JSW_SYSCOM3000_PACK(const CKRNMachineData& data, QWidget* frame)
-    : CJswStagePage(IDD_PACK, data, frame, kCompressionPageFields, true) {
+    : CKRNStagePage(IDD_PACK, data, frame, kCompressionPageTable, kStageRules) {
+    SetClock(IDC_CLOCK);
     for (int i = 0; i < 6; ++i) {
         OnChange(kCompressionForce[i], [this, i] { OnForceChanged(i); });
         OnChange(kCompressionTime[i], [this, i] { OnCompressionTimeChanged(i); });
@@ -84,7 +86,7 @@ double CMACHINE_JSW_SYSCOM3000_PACK::Force(int stage) const {
 }
 
 bool CMACHINE_JSW_SYSCOM3000_PACK::OnInitDialog() {
-    InitStages();
+    ShowStages();
     m_MachineData.GetMachineData(MI_VALUE_21, m_dValue21);
     m_MachineData.GetMachineData(MI_VALUE_23, m_dValue23);
     m_nICMFCount = m_MachineData.GetProfileDataCount(MI_ICMF_PROFILE);
@@ -110,12 +112,12 @@ bool CMACHINE_JSW_SYSCOM3000_PACK::OnInitDialog() {
 // Compression stages change form with the hold stages, and take their share
 // of MI_VALUE_21, the compression time, as hold stages do of the packing time.
 void CMACHINE_JSW_SYSCOM3000_PACK::ToPageForm() {
-    CJswStagePage::ToPageForm();
+    CKRNStagePage::ToPageForm();
     if (IsCompressionProcess()) KRNStages::ToPageForm(m_MachineData, MI_ICMF_PROFILE, MI_VALUE_21);
 }
 
 void CMACHINE_JSW_SYSCOM3000_PACK::ToRecordForm() {
-    CJswStagePage::ToRecordForm();
+    CKRNStagePage::ToRecordForm();
     if (IsCompressionProcess()) KRNStages::ToRecordForm(m_MachineData, MI_ICMF_PROFILE, MI_VALUE_21);
 }
 

@@ -2,7 +2,8 @@
 
 // The three pages of the JSW Syscom3000 panel.
 
-#include "CJswStagePage.h"
+#include "JswSyscom3000Ids.h"
+#include "common/CKRNStagePage.h"
 
 // Temperatures: mould and melt temperature, mirrored onto the machine picture,
 // and the machine data.
@@ -15,7 +16,7 @@ public:
 
 // Injection and hold: the stages, the V/P switch position, the suck-back and
 // the machine data.
-class CMACHINE_JSW_SYSCOM3000_INJ : public CJswStagePage {
+class CMACHINE_JSW_SYSCOM3000_INJ : public CKRNStagePage {
     Q_OBJECT
 public:
     CMACHINE_JSW_SYSCOM3000_INJ(const CKRNMachineData& data, QWidget* frame);
@@ -25,7 +26,7 @@ public:
 // Injection-compression and hold: the same stages on their own fields, and
 // for an injection-compression process six compression stages (force in kN
 // from the record's tonnes, time in s).
-class CMACHINE_JSW_SYSCOM3000_PACK : public CJswStagePage {
+class CMACHINE_JSW_SYSCOM3000_PACK : public CKRNStagePage {
     Q_OBJECT
 public:
     CMACHINE_JSW_SYSCOM3000_PACK(const CKRNMachineData& data, QWidget* frame);
