@@ -6,6 +6,8 @@
 
 #include <QStackedWidget>
 
+#include <algorithm>
+
 CKRNPanelFrame::CKRNPanelFrame(int templateId, const CKRNMachineData& data, QWidget* parent)
     : CKRNDialog(templateId, parent), m_MachineData(data) {}
 
@@ -15,7 +17,15 @@ void CKRNPanelFrame::SetHost(CKRNProMachineInterface* host) {
 }
 
 bool CKRNPanelFrame::CreatePages(int placeholderId, const std::vector<CKRNPanelPage*>& pages) {
-    if (PagesCreated()) return true;
+    if (PagesCreated()) {
+        // A hosted frame opened again runs its initialisation again and hands
+        // over a fresh set of pages: the frame keeps the set it shows, so the
+        // new one, never loaded from its templates, goes now rather than
+        // piling up under the frame at every opening.
+        for (CKRNPanelPage* page : pages)
+            if (std::find(m_Pages.begin(), m_Pages.end(), page) == m_Pages.end()) delete page;
+        return true;
+    }
     QWidget* placeholder = GetDlgItem(placeholderId);
     if (!placeholder) return false;
     m_pStack = new QStackedWidget(placeholder->parentWidget());

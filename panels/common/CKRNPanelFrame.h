@@ -39,7 +39,9 @@ public:
 
 protected:
     // Creates the pages from their templates in a page stack over the
-    // (then hidden) placeholder control. Pages already created are kept.
+    // (then hidden) placeholder control; the frame owns them from here on.
+    // When the frame has its pages already (a hosted frame opened again runs
+    // OnInitDialog again), it keeps them and deletes the pages given.
     bool CreatePages(int placeholderId, const std::vector<CKRNPanelPage*>& pages);
     bool PagesCreated() const { return !m_Pages.empty(); }
     CKRNPanelPage* Page(int index) const;

@@ -29,6 +29,13 @@ void CKRNPanelPage::GoToPage(int index) {
 
 void CKRNPanelPage::ShowNumber(int id, double value) { SetDlgItemText(id, KRNFormatValue("%6.2f", value)); }
 
+void CKRNPanelPage::ShowUnfed(std::span<const int> ids, bool disable) {
+    for (int id : ids) {
+        SetDlgItemText(id, QStringLiteral("---"));
+        if (disable) EnableDlgItem(id, false);
+    }
+}
+
 void CKRNPanelPage::RestoreNumber(int id, double stored) { RestoreDlgItemText(id, KRNFormatValue("%6.2f", stored)); }
 
 namespace {

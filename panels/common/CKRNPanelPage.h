@@ -8,6 +8,8 @@
 #include "KRNFieldRanges.h"
 #include "KRNPanelData.h"
 
+#include <span>
+
 class CKRNPanelPage : public CKRNDialog {
     Q_OBJECT
 public:
@@ -72,6 +74,8 @@ protected:
     bool EditStageTime(int id, KRNMACHINEITEM profile, int stage);
     // "%6.2f" of a value into a field ("---" when it is no finite number).
     void ShowNumber(int id, double value);
+    // Fills the fields the record does not feed with "---" (and disables them).
+    void ShowUnfed(std::span<const int> ids, bool disable = false);
     // Puts a stage value back into its field ("%6.2f") without its handler running.
     void RestoreNumber(int id, double stored);
 

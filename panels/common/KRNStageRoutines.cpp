@@ -162,4 +162,17 @@ void ToRecordForm(CKRNMachineData& record, KRNMACHINEITEM profile, KRNMACHINEITE
     Write(record, profile, out);
 }
 
+Points Accumulate(const Points& points) {
+    double total = 0.0;
+    for (const XYProfile& p : points) total += p.x;
+    if (points.empty() || total == 0.0 || !std::isfinite(total)) return {};
+    Points out{{0.0, points.front().y}};
+    double running = 0.0;
+    for (const XYProfile& p : points) {
+        running += p.x;
+        out.push_back({running / total * 100.0, p.y});
+    }
+    return out;
+}
+
 }  // namespace KRNStages

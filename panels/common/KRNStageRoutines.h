@@ -68,4 +68,11 @@ void ToPageForm(CKRNMachineData& record, KRNMACHINEITEM profile, KRNMACHINEITEM 
 // ends at its running share of the total.
 void ToRecordForm(CKRNMachineData& record, KRNMACHINEITEM profile, KRNMACHINEITEM timeItem);
 
+// ---- curves -------------------------------------------------------------------
+
+// A step curve over the share of time: the points' x values summed up as they
+// go, each sum in percent of the total, after a first point (0, y of the first
+// point). Empty when the x values add up to 0 or to no finite number.
+Points Accumulate(const Points& points);
+
 }  // namespace KRNStages

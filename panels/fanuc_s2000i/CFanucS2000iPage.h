@@ -28,13 +28,5 @@ protected:
     // and colours them: the key of this page highlighted.
     void NavigationKeys(std::initializer_list<std::pair<int, int>> keyToPage, int ownPage);
     bool IsRestricted() const;
-    // Fills the fields the record does not feed with "---".
-    template <std::size_t N>
-    void ShowUnfed(const int (&ids)[N], bool disable = false) {
-        for (int id : ids) {
-            SetDlgItemText(id, QStringLiteral("---"));
-            if (disable) EnableDlgItem(id, false);
-        }
-    }
     CMACHINE_FANUC_S2000I_DLG* m_pFrame;
 };

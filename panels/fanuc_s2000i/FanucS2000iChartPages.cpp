@@ -3,6 +3,9 @@
 #include "CKRNChartVariants.h"
 #include "KRNNumberText.h"
 #include "common/KRNMachineScales.h"
+#include "common/KRNStageRoutines.h"
+
+#include <algorithm>
 
 using namespace FanucS2000i;
 
@@ -81,25 +84,11 @@ bool CMACHINE_FANUC_S2000I_PRESSURE_PAGE::OnInitDialog() {
         // A step curve over the share of time: the pressure profile's x values,
         // taken over as many points as the hold profile has, summed up.
         m_pChart->ClearCurves();
-        const int n = m_MachineData.GetProfileDataCount(MI_PP_PROFILE);
-        double total = 0.0;
-        for (int i = 0; i < n; ++i) {
-            double x = 0, y = 0;
-            m_MachineData.GetPData(i, x, y);
-            total += x;
-        }
-        if (n > 0 && total != 0.0) {
-            double x0 = 0, y0 = 0, running = 0.0;
-            m_MachineData.GetPData(0, x0, y0);
-            m_pChart->m_vecX1.push_back(0.0);
-            m_pChart->m_vecY1.push_back(y0);
-            for (int i = 0; i < n; ++i) {
-                double x = 0, y = 0;
-                m_MachineData.GetPData(i, x, y);
-                running += x;
-                m_pChart->m_vecX1.push_back(running / total * 100.0);
-                m_pChart->m_vecY1.push_back(y);
-            }
+        KRNStages::Points p = KRNStages::Read(m_MachineData, MI_P_PROFILE);
+        p.resize(static_cast<std::size_t>(std::max(0, m_MachineData.GetProfileDataCount(MI_PP_PROFILE))));
+        for (const XYProfile& point : KRNStages::Accumulate(p)) {
+            m_pChart->m_vecX1.push_back(point.x);
+            m_pChart->m_vecY1.push_back(point.y);
         }
         m_pChart->update();
     }

@@ -145,3 +145,18 @@ TEST(LongProfiles, StayLinear) {
     KRNStages::SetStageCount(r, MI_FP_PROFILE, 3);
     EXPECT_EQ(r.GetProfileDataCount(MI_FP_PROFILE), 4);
 }
+
+TEST(Curves, StepsOverTheShareOfTime) {
+    // 30 + 50 + 20 = 100: the running sums are the shares.
+    const KRNStages::Points steps = KRNStages::Accumulate({{30, 70}, {50, 85}, {20, 60}});
+    ASSERT_EQ(steps.size(), 4u);
+    EXPECT_EQ(steps[0].x, 0.0);
+    EXPECT_EQ(steps[0].y, 70.0);
+    EXPECT_EQ(steps[2].x, 80.0);
+    EXPECT_EQ(steps[3].x, 100.0);
+    EXPECT_EQ(steps[3].y, 60.0);
+    // Nothing to share: no curve rather than points that are no number.
+    EXPECT_TRUE(KRNStages::Accumulate({{0, 50}, {0, 60}}).empty());
+    EXPECT_TRUE(KRNStages::Accumulate({{1e308, 50}, {1e308, 60}}).empty());
+    EXPECT_TRUE(KRNStages::Accumulate({}).empty());
+}
