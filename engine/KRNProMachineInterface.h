@@ -30,7 +30,8 @@ public:
     // Loads the resource module and makes it current: an empty name means
     // KRNPANEL.rcc beside the library; a name ending in ".dll" that is not found
     // is tried with ".rcc". Returns 1 on success, 0 when the module is missing
-    // or unreadable (the current module is then left as it was).
+    // or damaged (cut short, failing its checksum or format version, lacking
+    // templates or strings); the current module is then left as it was.
     int Initialize(const std::string& moduleName);
 
     // Shows the panel of controllerName modally on a copy of data. Returns 1

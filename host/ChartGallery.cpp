@@ -3,6 +3,7 @@
 #include "CKRNChartVariants.h"
 #include "CKRNMachineChart.h"
 #include "KRNMachineData.h"
+#include "KRNOutputFile.h"
 
 #include <QApplication>
 #include <QDir>
@@ -127,8 +128,9 @@ int KRNChartGallery(const QString& dir) {
             chart->DrawChart(painter);
         }
         const QString path = QDir(dir).filePath(QString::fromLatin1(look.name) + QStringLiteral(".png"));
-        if (!image.save(path, "PNG")) {
-            std::fprintf(stderr, "charts: cannot write %s\n", qPrintable(path));
+        QString problem;
+        if (!KRNWritePng(path, image, problem)) {
+            std::fprintf(stderr, "charts: %s\n", qPrintable(problem));
             return 2;
         }
     }

@@ -1,6 +1,7 @@
 #include "KRNScript.h"
 
 #include "CKRNDialog.h"
+#include "KRNOutputFile.h"
 #include "KRNPanelDriver.h"
 
 #include <QFile>
@@ -105,7 +106,8 @@ void KRNScript::Opening() {
         QWidget* before = KRNDriver::ShowPageForPicture(panel, page);
         if (!m_strShots.isEmpty()) {
             const QString file = QStringLiteral("%1/%2.png").arg(m_strShots).arg(KRNDriver::TemplateOf(page));
-            if (!panel->grab().save(file)) Fail(2, QStringLiteral("cannot write %1").arg(file));
+            QString problem;
+            if (!KRNWritePng(file, panel->grab().toImage(), problem)) Fail(2, problem);
         }
         if (m_bDump)
             if (auto* dialog = qobject_cast<CKRNDialog*>(page)) dump(dialog);
@@ -145,7 +147,8 @@ void KRNScript::Execute(const Action& a) {
     if (a.verb == QLatin1String("key"))
         return KRNDriver::PressKey(top, a.id == QLatin1String("enter") ? Qt::Key_Return : Qt::Key_Escape);
     if (a.verb == QLatin1String("shot")) {
-        if (!top->grab().save(a.text)) Fail(2, where + QStringLiteral("cannot write %1").arg(a.text));
+        QString problem;
+        if (!KRNWritePng(a.text, top->grab().toImage(), problem)) Fail(2, where + problem);
         return;
     }
 

@@ -2,14 +2,16 @@
 // panels with no one at the screen (scripts, pictures, field dumps).
 
 #include "arburg_selogica/CKRNMachineArburgCalc.h"
+#include "CKRNDialog.h"
 #include "ChartGallery.h"
+#include "KRNOutputFile.h"
 #include "KRNPanelMessages.h"
 #include "KRNPanelTable.h"
 #include "KRNProMachineInterface.h"
 #include "KRNRecordJson.h"
+#include "KRNResources.h"
 #include "KRNSampleRecord.h"
 #include "KRNScript.h"
-
 
 #include <QApplication>
 #include <QDir>
@@ -68,7 +70,11 @@ closes after them; with no display Qt's offscreen platform is used.
 keypad VALUE MAX opens the stage-count keypad alone and prints the chosen value
 after confirm. charts DIR draws every profile chart look into DIR/<class>.png.
 
-Exit codes: 0 done, 1 a script expectation failed, 2 bad usage or bad input.
+Exit codes: 0 done, 1 a script expectation failed, 2 bad usage or bad input:
+a record or script that cannot be read, a resource module KRNPANEL.rcc that is
+missing or damaged, a panel that cannot open, or output (record, picture,
+standard output) that cannot be written. A file written is complete or left as
+it was.
 )";
 
 int Usage(const QString& problem) {
@@ -129,18 +135,44 @@ bool PrepareScript(const Options& o, KRNScript& script, QString& problem) {
     return true;
 }
 
+// Standard output is checked once, as the program ends.
 bool WriteRecord(const CKRNMachineData& record, const QString& out) {
     const QByteArray json = KRNWriteRecordJson(record);
     if (out.isEmpty()) {
         std::fwrite(json.constData(), 1, static_cast<std::size_t>(json.size()), stdout);
         return true;
     }
-    QFile file(out);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(json) != json.size()) {
-        std::fprintf(stderr, "krn-panel: cannot write %s\n", qPrintable(out));
+    QString problem;
+    if (!KRNWriteOutput(out, json, problem)) {
+        std::fprintf(stderr, "krn-panel: %s\n", qPrintable(problem));
         return false;
     }
     return true;
+}
+
+// Notes whether a panel dialog was ever shown: a panel whose template cannot
+// be loaded comes back from its modal call without showing anything.
+class PanelShownWatch : public QObject {
+public:
+    PanelShownWatch() { QCoreApplication::instance()->installEventFilter(this); }
+    bool Shown() const { return m_bShown; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show && qobject_cast<CKRNDialog*>(watched)) m_bShown = true;
+        return false;
+    }
+
+private:
+    bool m_bShown = false;
+};
+
+// The resource module beside the library, made current; false with a message
+// naming the file and what is wrong with it when it is missing or damaged.
+bool LoadResourceModule(CKRNProMachineInterface& module) {
+    if (module.Initialize("")) return true;
+    std::fprintf(stderr, "krn-panel: %s\n", qPrintable(KRNResources::LastProblem()));
+    return false;
 }
 
 int RunKeypad(const Options& o) {
@@ -159,6 +191,10 @@ int RunKeypad(const Options& o) {
     keypad.m_bTenPending = 0;
     int result = IDCANCEL;
     script.Run([&] { result = keypad.DoModal(); });
+    if (result == -1) {
+        std::fprintf(stderr, "krn-panel: the keypad could not open\n");
+        return 2;
+    }
     if (result == IDOK) std::printf("%d\n", keypad.m_nValue);
     return script.ExitCode();
 }
@@ -179,11 +215,9 @@ int RunPanel(const Options& o) {
     if (!PrepareScript(o, script, problem)) return Usage(problem);
 
     CKRNProMachineInterface panels;
-    if (!panels.Initialize("")) {
-        std::fprintf(stderr, "krn-panel: the resource module KRNPANEL.rcc was not found beside the library\n");
-        return 2;
-    }
+    if (!LoadResourceModule(panels)) return 2;
     std::int64_t known = 0;
+    PanelShownWatch watch;
     script.Run([&] { known = panels.KRNDoModal(record, o.controller.toStdString()); });
     if (!known) {
         std::fprintf(stderr, "krn-panel: \"%s\" is no controller name; the names are:\n", qPrintable(o.controller));
@@ -191,19 +225,15 @@ int RunPanel(const Options& o) {
         return 2;
     }
     const bool hasPanel = KRNFindPanel(panels.GetControllerType()) != nullptr;
+    if (hasPanel && !watch.Shown()) {
+        std::fprintf(stderr, "krn-panel: the panel of \"%s\" could not open\n", qPrintable(o.controller));
+        return 2;
+    }
     if ((panels.IsOK() || !hasPanel) && !WriteRecord(panels.GetMachineData(), o.out)) return 2;
     return script.ExitCode();
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    // Without a display the panels still open, on Qt's offscreen platform.
-    if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") && !std::getenv("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    const QStringList args = app.arguments().mid(1);
-
+int Run(const QStringList& args) {
     if (args.isEmpty()) return Usage(QStringLiteral("name a controller"));
     if (args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
         std::fputs(kHelp, stdout);
@@ -231,8 +261,25 @@ int main(int argc, char** argv) {
     if (options->controller == QLatin1String("keypad")) {
         // The keypad's template comes from the resource module like any panel's.
         CKRNProMachineInterface module;
-        if (!module.Initialize("")) return Usage(QStringLiteral("the resource module KRNPANEL.rcc was not found"));
+        if (!LoadResourceModule(module)) return 2;
         return RunKeypad(*options);
     }
     return RunPanel(*options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // Without a display the panels still open, on Qt's offscreen platform.
+    if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") && !std::getenv("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    const int code = Run(app.arguments().mid(1));
+    // A record or dump that did not reach standard output is a failure too.
+    QString problem;
+    if (!KRNFlushStandardOutput(problem)) {
+        std::fprintf(stderr, "krn-panel: %s\n", qPrintable(problem));
+        return 2;
+    }
+    return code;
 }

@@ -1,5 +1,7 @@
 #include "KRNResources.h"
 
+#include "KRNModuleStamp.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
@@ -17,8 +19,9 @@
 namespace {
 
 struct Module {
-    QString path;  // canonical file path
-    QString root;  // where its items appear, e.g. ":/krnpanel/1"
+    QString path;       // canonical file path
+    QString root;       // where its items appear, e.g. ":/krnpanel/1"
+    QByteArray sealed;  // the file as checked; Qt reads the resources from here
     QHash<int, QString> strings;
     bool stringsRead = false;
 };
@@ -29,6 +32,11 @@ std::vector<std::unique_ptr<Module>>& Modules() {
 }
 
 Module* g_current = nullptr;
+QString g_problem;  // why the last Load gave null
+int g_registered = 0;  // roots handed out, never used twice
+
+// No module comes near this; a bigger file is refused unread.
+constexpr qint64 kMaxModuleBytes = 64 * 1024 * 1024;
 
 QString LibraryDir() {
 #if defined(__unix__) || defined(__APPLE__)
@@ -76,6 +84,28 @@ void ReadStrings(Module& m) {
     }
 }
 
+// What the panels need of a module whose seal is whole: a manifest, the
+// string table, at least one template, and every item the manifest names.
+// Empty when all is there.
+QString CheckContents(const QString& root) {
+    QFile manifest(root + QStringLiteral("/manifest.txt"));
+    if (!manifest.open(QIODevice::ReadOnly)) return QStringLiteral("it has no manifest");
+    const QStringList lines = QString::fromUtf8(manifest.readAll()).split(QLatin1Char('\n'));
+    bool strings = false;
+    int forms = 0;
+    for (const QString& raw : lines) {
+        const QString item = raw.trimmed();
+        if (item.isEmpty() || item.startsWith(QLatin1Char('#'))) continue;
+        if (QFileInfo(root + QLatin1Char('/') + item).size() <= 0)
+            return QStringLiteral("it lacks %1, which its manifest names").arg(item);
+        if (item == QLatin1String("strings.txt")) strings = true;
+        if (item.startsWith(QLatin1String("forms/"))) ++forms;
+    }
+    if (!strings) return QStringLiteral("it has no string table");
+    if (forms == 0) return QStringLiteral("it holds no dialog templates");
+    return {};
+}
+
 QString ItemPath(const char* folder, int id, const char* suffix) {
     if (!g_current) return {};
     return QStringLiteral("%1/%2/%3%4").arg(g_current->root, QLatin1String(folder)).arg(id).arg(QLatin1String(suffix));
@@ -86,24 +116,68 @@ QString ItemPath(const char* folder, int id, const char* suffix) {
 namespace KRNResources {
 
 void* Load(const std::string& name) {
-    QString path = Locate(QString::fromStdString(name));
-    if (path.isEmpty() && name.size() > 4 &&
-        QString::fromStdString(name.substr(name.size() - 4)).compare(QStringLiteral(".dll"), Qt::CaseInsensitive) == 0)
-        path = Locate(QString::fromStdString(name.substr(0, name.size() - 4) + ".rcc"));
-    if (path.isEmpty()) return nullptr;
+    const QString given = QString::fromStdString(name);
+    QString path = Locate(given);
+    QString rcc;
+    if (path.isEmpty() && given.size() > 4 && given.endsWith(QStringLiteral(".dll"), Qt::CaseInsensitive)) {
+        rcc = given.left(given.size() - 4) + QStringLiteral(".rcc");
+        path = Locate(rcc);
+    }
+    if (path.isEmpty()) {
+        // A ".dll" name is only the old platform's spelling of the ".rcc" file.
+        g_problem = QStringLiteral("the resource module \"%1\" was not found%2")
+                        .arg(rcc.isEmpty() ? given : rcc,
+                             QFileInfo(given).isAbsolute()
+                                 ? QString()
+                                 : QStringLiteral(" beside the engine library, beside the program or in the working folder"));
+        return nullptr;
+    }
     path = QFileInfo(path).canonicalFilePath();
 
     for (const auto& m : Modules())
-        if (m->path == path) return m.get();
+        if (m->path == path) {
+            g_problem.clear();
+            return m.get();
+        }
 
+    auto damaged = [&](const QString& what) {
+        g_problem = QStringLiteral("the resource module \"%1\" is damaged: %2").arg(path, what);
+        return nullptr;
+    };
+    const QFileInfo info(path);
+    if (!info.isFile()) return damaged(QStringLiteral("it is no regular file"));
+    if (info.size() > kMaxModuleBytes) return damaged(QStringLiteral("it is %1 bytes long, far more than any module").arg(info.size()));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return damaged(QStringLiteral("it cannot be read (%1)").arg(file.errorString()));
     auto module = std::make_unique<Module>();
     module->path = path;
-    module->root = QStringLiteral("/krnpanel/%1").arg(Modules().size() + 1);
-    if (!QResource::registerResource(path, module->root)) return nullptr;
-    module->root.prepend(QLatin1Char(':'));
+    module->sealed = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return damaged(QStringLiteral("it cannot be read (%1)").arg(file.errorString()));
+
+    // Qt's reader follows the offsets inside the resources blindly, so it sees
+    // only bytes whose checksum matched, and never the file itself (which
+    // could change under it).
+    qsizetype resources = 0;
+    if (const QString broken = KRNModuleStamp::Check(module->sealed, resources); !broken.isEmpty())
+        return damaged(broken);
+    if (resources < 4 || !module->sealed.startsWith("qres"))
+        return damaged(QStringLiteral("its stamp seals no Qt resources"));
+    const auto* data = reinterpret_cast<const uchar*>(module->sealed.constData());
+    const QString root = QStringLiteral("/krnpanel/%1").arg(++g_registered);
+    if (!QResource::registerResource(data, root))
+        return damaged(QStringLiteral("Qt does not take its resources"));
+    module->root = QLatin1Char(':') + root;
+    if (const QString missing = CheckContents(module->root); !missing.isEmpty()) {
+        QResource::unregisterResource(data, root);
+        return damaged(missing);
+    }
+    g_problem.clear();
     Modules().push_back(std::move(module));
     return Modules().back().get();
 }
+
+QString LastProblem() { return g_problem; }
 
 void* Current() { return g_current; }
 

@@ -15,11 +15,17 @@
 namespace KRNResources {
 
 // Loads a module by file name and returns its handle, or null when the file is
-// missing or is no resource module. A relative name is looked for beside the
-// engine library, then beside the executable, then as given; a name ending in
-// ".dll" that is not found is tried with ".rcc". Loading the same file twice
-// returns the same handle.
+// missing or damaged. A relative name is looked for beside the engine library,
+// then beside the executable, then as given; a name ending in ".dll" that is
+// not found is tried with ".rcc". Loading the same file twice returns the same
+// handle. A file is damaged when its seal (format, version, length, SHA-256,
+// see KRNModuleStamp.h) does not hold, or when it lacks its string table, its
+// templates or any item its manifest names; Qt never reads a damaged file.
 void* Load(const std::string& name);
+
+// Why the last Load gave null, naming the file: "... was not found ..." or
+// "the resource module "PATH" is damaged: what is wrong". Empty after a success.
+QString LastProblem();
 
 void* Current();
 void SetCurrent(void* module);

@@ -1,7 +1,7 @@
 // Builds the contents of the resource module KRNPANEL at build time: renders
 // the bitmaps and cursors described in the manifests (so captions stay
-// editable text) and writes the .qrc that packs them with the forms and the
-// string table.
+// editable text) and writes the .qrc that packs them with the forms, the
+// string table and a manifest naming every item.
 //
 //   krn-bitmapgen OUTDIR --strings FILE --forms FORM.ui... --manifests FILE...
 //
@@ -195,8 +195,10 @@ int main(int argc, char** argv) {
     QDir().mkpath(out + QStringLiteral("/cursors"));
 
     QStringList entries;  // alias -> file
+    QStringList aliases;  // what the module holds, for its manifest
     auto add = [&](const QString& alias, const QString& file) {
         entries << QStringLiteral("  <file alias=\"%1\">%2</file>").arg(alias, QFileInfo(file).absoluteFilePath());
+        aliases << alias;
     };
     if (!strings.isEmpty()) add(QStringLiteral("strings.txt"), strings);
     for (const QString& f : forms) add(QStringLiteral("forms/") + QFileInfo(f).fileName(), f);
@@ -240,6 +242,14 @@ int main(int argc, char** argv) {
         }
         finish();
     }
+
+    // The engine refuses a module that lacks an item its manifest names.
+    QFile manifest(out + QStringLiteral("/manifest.txt"));
+    if (!manifest.open(QIODevice::WriteOnly | QIODevice::Truncate)) Fail(manifest.fileName(), QStringLiteral("cannot be written"));
+    manifest.write("# Every item of this resource module, one a line.\n");
+    manifest.write(aliases.join(QLatin1Char('\n')).toUtf8() + '\n');
+    manifest.close();
+    add(QStringLiteral("manifest.txt"), manifest.fileName());
 
     QFile qrc(out + QStringLiteral("/KRNPANEL.qrc"));
     if (!qrc.open(QIODevice::WriteOnly | QIODevice::Truncate)) Fail(qrc.fileName(), QStringLiteral("cannot be written"));

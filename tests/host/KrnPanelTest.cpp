@@ -2,10 +2,18 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <functional>
+
+#include <csignal>
+#include <sys/resource.h>
 
 namespace {
 
@@ -14,7 +22,10 @@ struct PanelRun {
     QString out, err;
 };
 
-PanelRun KrnPanel(const QStringList& args, const QByteArray& script = {}) {
+// Runs krn-panel; `setUp` may change the process before it starts (another
+// copy of the program, its folder, where its output goes).
+PanelRun KrnPanel(const QStringList& args, const QByteArray& script = {},
+                  const std::function<void(QProcess&)>& setUp = {}) {
     static QTemporaryDir dir;
     QStringList all = args;
     if (!script.isEmpty()) {
@@ -25,7 +36,10 @@ PanelRun KrnPanel(const QStringList& args, const QByteArray& script = {}) {
         all << "--script" << file.fileName();
     }
     QProcess p;
-    p.start(QStringLiteral(KRN_PANEL_EXE), all);
+    p.setProgram(QStringLiteral(KRN_PANEL_EXE));
+    p.setArguments(all);
+    if (setUp) setUp(p);
+    p.start();
     p.waitForFinished(60000);
     return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()), QString::fromUtf8(p.readAllStandardError())};
 }
@@ -112,4 +126,125 @@ TEST(KrnPanel, RecordFilesRoundTripAndBadOnesAreNamed) {
         EXPECT_TRUE(r.err.contains(b.named)) << b.json << " -> " << qPrintable(r.err);
         EXPECT_TRUE(r.out.isEmpty());
     }
+}
+
+namespace {
+
+// A copy of krn-panel in `dir` with `module` beside it as KRNPANEL.rcc (none
+// when empty), run from that folder so no other module is found.
+std::function<void(QProcess&)> BesideModule(const QTemporaryDir& dir, const QByteArray& module) {
+    const QString exe = dir.filePath("krn-panel");
+    if (!QFile::exists(exe)) QFile::copy(QStringLiteral(KRN_PANEL_EXE), exe);
+    QFile::remove(dir.filePath("KRNPANEL.rcc"));
+    if (!module.isNull()) WriteFile(dir, "KRNPANEL.rcc", module);
+    return [exe, path = dir.path()](QProcess& p) {
+        p.setProgram(exe);
+        p.setWorkingDirectory(path);
+    };
+}
+
+QByteArray ReadAll(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+}  // namespace
+
+TEST(KrnPanel, AMissingOrDamagedResourceModuleIsNamedAndExitsTwo) {
+    QTemporaryDir dir;
+    const QByteArray module = ReadAll(QStringLiteral(KRN_TEST_RESOURCE_MODULE));
+    ASSERT_FALSE(module.isEmpty());
+
+    PanelRun whole = KrnPanel({"keypad", "2", "5"}, "expect 1366 2\n", BesideModule(dir, module));
+    EXPECT_EQ(whole.code, 0) << qPrintable(whole.err);
+
+    PanelRun missing = KrnPanel({"FANUC-A"}, {}, BesideModule(dir, QByteArray()));
+    EXPECT_EQ(missing.code, 2);
+    EXPECT_TRUE(missing.err.contains("resource module \"KRNPANEL.rcc\" was not found")) << qPrintable(missing.err);
+
+    // A module cut short in copying exists: it is damaged, not missing.
+    PanelRun cut = KrnPanel({"FANUC-A"}, {}, BesideModule(dir, module.left(module.size() / 2)));
+    EXPECT_EQ(cut.code, 2);
+    const QString shown = QFileInfo(dir.filePath("KRNPANEL.rcc")).canonicalFilePath();
+    EXPECT_TRUE(cut.err.contains(shown + "\" is damaged: ")) << qPrintable(cut.err);
+    EXPECT_FALSE(cut.err.contains("not found"));
+
+    QByteArray flipped = module;
+    flipped[100] = char(flipped[100] ^ 0x10);
+    PanelRun bad = KrnPanel({"keypad", "2", "5"}, {}, BesideModule(dir, flipped));
+    EXPECT_EQ(bad.code, 2);
+    EXPECT_TRUE(bad.err.contains("is damaged: its contents do not match their SHA-256 checksum")) << qPrintable(bad.err);
+    EXPECT_TRUE(bad.out.isEmpty());
+}
+
+TEST(KrnPanel, APanelWhoseTemplateIsMissingExitsTwo) {
+    // A whole module that holds only the keypad: the keypad opens, the
+    // S2000i frame cannot.
+    QTemporaryDir dir;
+    const QByteArray keypadOnly = ReadAll(QStringLiteral(KRN_TEST_MODULE_DIR "/keypad-only.rcc"));
+    ASSERT_FALSE(keypadOnly.isEmpty());
+    PanelRun keypad = KrnPanel({"keypad", "2", "5"}, "expect 1366 2\n", BesideModule(dir, keypadOnly));
+    EXPECT_EQ(keypad.code, 0) << qPrintable(keypad.err);
+
+    PanelRun panel = KrnPanel({"FANUC-A", "--out", dir.filePath("record.json")}, {}, BesideModule(dir, keypadOnly));
+    EXPECT_EQ(panel.code, 2);
+    EXPECT_TRUE(panel.err.contains("The dialog template 31157 is missing")) << qPrintable(panel.err);
+    EXPECT_TRUE(panel.err.contains("krn-panel: the panel of \"FANUC-A\" could not open")) << qPrintable(panel.err);
+    EXPECT_FALSE(QFile::exists(dir.filePath("record.json")));
+}
+
+TEST(KrnPanel, OutputThatCannotBeWrittenIsAnError) {
+    PanelRun full = KrnPanel({"FANUC-B", "--out", "/dev/full"});
+    EXPECT_EQ(full.code, 2);
+    EXPECT_TRUE(full.err.contains("cannot write /dev/full: ")) << qPrintable(full.err);
+
+    QTemporaryDir dir;
+    const QString nowhere = dir.filePath("no-such-folder/record.json");
+    PanelRun lost = KrnPanel({"FANUC-B", "--out", nowhere});
+    EXPECT_EQ(lost.code, 2);
+    EXPECT_TRUE(lost.err.contains("cannot write " + nowhere)) << qPrintable(lost.err);
+    EXPECT_FALSE(QFile::exists(dir.filePath("no-such-folder")));
+
+    PanelRun folder = KrnPanel({"FANUC-B", "--out", dir.path()});
+    EXPECT_EQ(folder.code, 2);
+    EXPECT_TRUE(folder.err.contains("it is a folder")) << qPrintable(folder.err);
+
+    PanelRun toStdout = KrnPanel({"FANUC-B"}, {}, [](QProcess& p) { p.setStandardOutputFile("/dev/full"); });
+    EXPECT_EQ(toStdout.code, 2);
+    EXPECT_TRUE(toStdout.err.contains("cannot write to standard output")) << qPrintable(toStdout.err);
+
+    PanelRun shot = KrnPanel({"keypad", "2", "5"}, "shot /dev/full\n");
+    EXPECT_EQ(shot.code, 2);
+    EXPECT_TRUE(shot.err.contains("script line 1: cannot write /dev/full")) << qPrintable(shot.err);
+
+    PanelRun shotNowhere = KrnPanel({"keypad", "2", "5"}, "shot " + nowhere.toUtf8().replace("record.json", "k.png") + "\n");
+    EXPECT_EQ(shotNowhere.code, 2);
+    EXPECT_TRUE(shotNowhere.err.contains("cannot write")) << qPrintable(shotNowhere.err);
+}
+
+TEST(KrnPanel, AnOutFileIsEitherCompleteOrAsItWas) {
+    QTemporaryDir dir;
+    const QString out = WriteFile(dir, "record.json", "the old record\n");
+
+    // A disk that takes no more than 64 bytes per file: the new record cannot
+    // be written, and the old one must survive.
+    PanelRun full = KrnPanel({"FANUC-B", "--out", out}, {}, [](QProcess& p) {
+        p.setChildProcessModifier([] {
+            const rlimit small{64, 64};
+            setrlimit(RLIMIT_FSIZE, &small);
+            signal(SIGXFSZ, SIG_IGN);
+        });
+    });
+    EXPECT_EQ(full.code, 2);
+    EXPECT_TRUE(full.err.contains("cannot write " + out)) << qPrintable(full.err);
+    EXPECT_EQ(ReadAll(out), "the old record\n");
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{"record.json"});  // no half-written leftovers
+
+    PanelRun done = KrnPanel({"FANUC-B", "--out", out});
+    EXPECT_EQ(done.code, 0) << qPrintable(done.err);
+    QJsonParseError error{};
+    const QJsonDocument record = QJsonDocument::fromJson(ReadAll(out), &error);
+    EXPECT_EQ(error.error, QJsonParseError::NoError);
+    EXPECT_EQ(record["MC_SCREW_DIAMETER"].toDouble(), 40.0);
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{"record.json"});
 }
