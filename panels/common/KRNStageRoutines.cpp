@@ -109,12 +109,15 @@ void SetStageCount(CKRNMachineData& record, KRNMACHINEITEM profile, int stages) 
     else if (wanted < n) Shrink(record, profile, wanted);
 }
 
-void Tidy(CKRNMachineData& record, KRNMACHINEITEM profile) {
+void Tidy(CKRNMachineData& record, KRNMACHINEITEM profile, LoneEnd lone) {
     Points p = Read(record, profile);
     if (p.empty()) return;
     for (std::size_t i = p.size() - 1; i-- > 0;)
         if (p[i].x == 0.0) p.erase(p.begin() + static_cast<std::ptrdiff_t>(i));
-    if (p.size() >= 2) p.back() = {0.0, p[p.size() - 2].y};
+    if (p.size() >= 2)
+        p.back() = {0.0, p[p.size() - 2].y};
+    else if (lone == LoneEnd::ToZero)
+        p.back() = {0.0, 0.0};
     Write(record, profile, p);
 }
 

@@ -52,9 +52,12 @@ void Shrink(CKRNMachineData& record, KRNMACHINEITEM profile, int points);
 // a negative count changes nothing, and one stage always stays (a count of 0
 // keeps two points), so a later count can grow the profile again.
 void SetStageCount(CKRNMachineData& record, KRNMACHINEITEM profile, int stages);
+// A last point with none before it after tidying: left as it is, or made
+// (0, 0), as some controllers read "the point before it" from nothing.
+enum class LoneEnd { Keep, ToZero };
 // On OK: every point but the last whose x is exactly 0 goes (undoing the
 // padding), and the last point becomes (0, y of the point before it).
-void Tidy(CKRNMachineData& record, KRNMACHINEITEM profile);
+void Tidy(CKRNMachineData& record, KRNMACHINEITEM profile, LoneEnd lone = LoneEnd::Keep);
 
 // ---- hold and compression stages -------------------------------------------
 

@@ -59,6 +59,15 @@ TEST(Padding, TidyAtOkUndoesIt) {
     KRNStages::Tidy(r, MI_P_PROFILE);
     // The closing point takes the level of the last real stage.
     ExpectProfile(r, MI_P_PROFILE, {{100, 70}, {60, 85}, {0, 85}});
+
+    // An end point alone: kept, or (0, 0) where a controller reads the point
+    // before it from nothing.
+    r = With(MI_P_PROFILE, {{0, 0}, {0, 0}, {100, 70}});
+    CKRNMachineData zero = r;
+    KRNStages::Tidy(r, MI_P_PROFILE);
+    ExpectProfile(r, MI_P_PROFILE, {{100, 70}});
+    KRNStages::Tidy(zero, MI_P_PROFILE, KRNStages::LoneEnd::ToZero);
+    ExpectProfile(zero, MI_P_PROFILE, {{0, 0}});
 }
 
 TEST(StageCount, GrowsWithCopiesAndShrinksFromTheEnd) {
