@@ -2,7 +2,8 @@
 # Installs what the module needs to build, test and run on Debian 12 (as root).
 set -euo pipefail
 packages=(cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-tools-dev-tools
-          libgl-dev libgtest-dev libbenchmark-dev locales fonts-dejavu-core ccache)
+          libgl-dev libgtest-dev libbenchmark-dev locales fonts-dejavu-core ccache
+          clang libclang-rt-dev)  # clang and its libFuzzer and sanitizer runtimes, for fuzz/
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -1,0 +1,369 @@
+// Random sessions on every panel of the controller table, opened the way a
+// host opens them. Whatever a person does at the screen, the host must get
+// back a record it can use: after Cancel nothing is written back, after OK
+// every number of the record is finite, and a read-only record comes back as
+// it went in. A panel joins the walk by joining the table.
+//
+// The walk is seeded, so CI sees the same sessions every run:
+//   KRN_MONKEY_SEED=n      another walk (decimal or 0x hex)
+//   KRN_MONKEY_SESSIONS=n  a longer (or shorter) one
+//   KRN_MONKEY_SESSION=n   session n alone, its steps printed
+// A failure names its seed and session, and lists the steps as krn-panel
+// script lines with the messages the panel showed.
+
+#include "KRNMonkey.h"
+
+#include "CKRNDialog.h"
+#include "KRNMessageCapture.h"
+#include "KRNPanelDriver.h"
+#include "KRNPanelTable.h"
+#include "KRNProMachineInterface.h"
+#include "KRNRecordBuilder.h"
+#include "KRNRecordJson.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+
+#include <csignal>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kSanitized = true;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr bool kSanitized = true;
+#else
+constexpr bool kSanitized = false;
+#endif
+#else
+constexpr bool kSanitized = false;
+#endif
+
+constexpr std::uint64_t kDefaultSeed = 0x4B524E4D4F4E4B31ull;
+// About 10 s in a plain build and 20 s with the sanitizers on a CI machine,
+// however many panels share them.
+constexpr std::uint64_t kDefaultSessions = kSanitized ? 480 : 1200;
+constexpr unsigned kSessionSeconds = 120;  // a session that takes longer hangs
+constexpr int kDetailedFailures = 8;
+
+std::uint64_t EnvNumber(const char* name, std::uint64_t fallback) {
+    const char* text = std::getenv(name);
+    return text && *text ? std::strtoull(text, nullptr, 0) : fallback;
+}
+
+// ---- the records the walk starts from ----
+
+struct Start {
+    const char* what;
+    CKRNMachineData record;
+};
+
+KRNPointList LongProfile(double base) {
+    KRNPointList points;
+    for (int i = 0; i < 50; ++i) points.emplace_back(100.0 - i * 100.0 / 49.0, base + (i * 37) % 60);
+    return points;
+}
+
+std::vector<Start> Starts() {
+    std::vector<Start> starts;
+    starts.push_back({"a 40 mm screw", KRN40mmRecord()});
+
+    CKRNMachineData empty = KRN40mmRecord();
+    empty.SetMachine(MC_SCREW_DIAMETER, 0.0);
+    for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE, MI_ICMF_PROFILE}) KRNSetProfile(empty, p, {});
+    starts.push_back({"screw diameter 0, empty profiles", empty});
+
+    CKRNMachineData long50 = KRN40mmRecord();
+    KRNSetProfile(long50, MI_FP_PROFILE, LongProfile(20));
+    KRNSetProfile(long50, MI_P_PROFILE, LongProfile(30));
+    KRNSetProfile(long50, MI_PP_PROFILE, LongProfile(10));
+    KRNSetProfile(long50, MI_ICMF_PROFILE, LongProfile(5));
+    starts.push_back({"50-point profiles", long50});
+
+    CKRNMachineData compression = KRN40mmRecord();
+    compression.SetProcessInfo(PI_PROCESS_VALUE, 5);
+    compression.SetMachineData(MI_VALUE_21, 3.0);
+    compression.SetMachineData(MI_VALUE_23, 100.0);  // tonnes
+    KRNSetProfile(compression, MI_ICMF_PROFILE, {{100, 40}, {60, 80}, {20, 60}, {0, 60}});
+    starts.push_back({"injection-compression", compression});
+
+    CKRNMachineData readOnly = KRN40mmRecord();
+    readOnly.SetMachineData(MI_READ_ONLY, true);
+    starts.push_back({"read-only", readOnly});
+    return starts;
+}
+
+// ---- the panels: one per controller type of the table ----
+
+struct Panel {
+    std::string name;
+    int type;
+};
+
+std::vector<Panel> Panels() {
+    std::vector<Panel> panels;
+    for (const KRNControllerName& row : KRNControllerTable()) {
+        if (!KRNFindPanel(row.type)) continue;
+        bool seen = false;
+        for (const Panel& p : panels) seen = seen || p.type == row.type;
+        if (!seen) panels.push_back({std::string(row.name), row.type});
+    }
+    return panels;
+}
+
+// ---- what the host gets back ----
+
+const char* const kItemNames[] = {
+    "MI_FILLING_TIME", "MI_INJECTION_TIME", "MI_CALC_STROKE_TIME", "MI_PACKING_TIME", "MI_COOLING_TIME",
+    "MI_PACKING_PRESSURE", "MI_INJECTION_PRESSURE", "MI_MELT_TEMPERATURE", "MI_MOLD_TEMPERATURE", "MI_FP_PROFILE",
+    "MI_P_PROFILE", "MI_PP_PROFILE", "MI_MAX_FILLING_TIME", "MI_SUCK_BACK_VALUE", "MI_VP_SWITCH_CTRL",
+    "MI_VP_RAM_POSITION", "MI_VP_SWITCH_PERCENT", "MI_MAX_RAM_POSITION", "MI_READ_ONLY", "MI_VALUE_19",
+    "MI_VALUE_20", "MI_VALUE_21", "MI_VALUE_22", "MI_VALUE_23", "MI_ICMF_PROFILE",
+    "MI_INJECTION_VOLUME_1", "MI_INJECTION_VOLUME_2", "MI_INJECTION_VOLUME_3"};
+const char* const kMachineNames[] = {"MC_SCREW_DIAMETER", "MC_MAX_INJECTION_RATE", "MC_SPEC_2", "MC_SPEC_3",
+                                     "MC_SPEC_4", "MC_SPEC_5", "MC_SPEC_6"};
+
+// Every value of the record that is no finite number, by name.
+std::string NonFinite(const CKRNMachineData& r) {
+    std::string found;
+    auto check = [&](const std::string& what, double v) {
+        if (!std::isfinite(v)) found += what + " = " + std::to_string(v) + "; ";
+    };
+    for (int i = 0; i <= MI_INJECTION_VOLUME_3; ++i) {
+        const auto item = static_cast<KRNMACHINEITEM>(i);
+        check(kItemNames[i], KRNItem(r, item));
+        const KRNPointList points = KRNProfile(r, item);
+        for (std::size_t n = 0; n < points.size(); ++n) {
+            check(std::string(kItemNames[i]) + "[" + std::to_string(n) + "].x", points[n].first);
+            check(std::string(kItemNames[i]) + "[" + std::to_string(n) + "].y", points[n].second);
+        }
+    }
+    for (int m = 0; m <= MC_SPEC_6; ++m) check(kMachineNames[m], r.GetMachine(static_cast<KRNMACHINE>(m)));
+    return found;
+}
+
+std::string Compact(const QJsonValue& v) {
+    const QByteArray text = QJsonDocument(QJsonArray{v}).toJson(QJsonDocument::Compact);
+    std::string s = text.mid(1, text.size() - 2).toStdString();
+    return s.size() > 160 ? s.substr(0, 160) + "..." : s;
+}
+
+// What differs between two records, key by key as krn-panel writes them.
+std::string Differences(const CKRNMachineData& before, const CKRNMachineData& after) {
+    const QJsonObject a = QJsonDocument::fromJson(KRNWriteRecordJson(before)).object();
+    const QJsonObject b = QJsonDocument::fromJson(KRNWriteRecordJson(after)).object();
+    std::string found;
+    for (auto it = a.begin(); it != a.end(); ++it)
+        if (it.value() != b.value(it.key()))
+            found += it.key().toStdString() + ": " + Compact(it.value()) + " -> " + Compact(b.value(it.key())) + "; ";
+    return found;
+}
+
+// ---- a session that dies or hangs still says which it was ----
+
+struct CrashNote {
+    std::string header;
+    const std::vector<std::string>* steps = nullptr;
+};
+CrashNote g_crashNote;
+constexpr int kWatchedSignals[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGALRM};
+struct sigaction g_previous[std::size(kWatchedSignals)];
+
+void WriteErr(const std::string& s) {
+    for (std::size_t done = 0; done < s.size();) {
+        const ssize_t n = ::write(2, s.data() + done, s.size() - done);
+        if (n <= 0) return;
+        done += static_cast<std::size_t>(n);
+    }
+}
+
+extern "C" void OnFatalSignal(int sig) {
+    WriteErr(std::string("\n") + (sig == SIGALRM ? "hung" : "died of signal " + std::to_string(sig)) + " in " +
+             g_crashNote.header + "\n");
+    if (g_crashNote.steps)
+        for (const std::string& step : *g_crashNote.steps) WriteErr("  " + step + "\n");
+    for (std::size_t i = 0; i < std::size(kWatchedSignals); ++i)
+        if (kWatchedSignals[i] == sig) sigaction(sig, &g_previous[i], nullptr);
+    // A fault happens again on return, now under the handler before ours
+    // (the sanitizers' report); the others are sent again.
+    if (sig == SIGABRT || sig == SIGALRM) std::raise(sig);
+}
+
+class FatalSignalNote {
+public:
+    FatalSignalNote() {
+        struct sigaction action {};
+        action.sa_handler = OnFatalSignal;
+        sigemptyset(&action.sa_mask);
+        for (std::size_t i = 0; i < std::size(kWatchedSignals); ++i) sigaction(kWatchedSignals[i], &action, &g_previous[i]);
+    }
+    ~FatalSignalNote() {
+        alarm(0);
+        for (std::size_t i = 0; i < std::size(kWatchedSignals); ++i) sigaction(kWatchedSignals[i], &g_previous[i], nullptr);
+        g_crashNote = {};
+    }
+};
+
+// A panel that pads a profile to whatever count is typed (2147483647 stages)
+// would take the whole machine's memory before failing; bounded, it fails in
+// its own session. The sanitizers reserve their shadow memory as data, so
+// their builds go without.
+class MemoryBound {
+public:
+    MemoryBound() {
+        if (kSanitized || getrlimit(RLIMIT_DATA, &m_previous) != 0) return;
+        rlimit bound = m_previous;
+        if (bound.rlim_cur == RLIM_INFINITY || bound.rlim_cur > kBytes) bound.rlim_cur = kBytes;
+        m_bSet = setrlimit(RLIMIT_DATA, &bound) == 0;
+    }
+    ~MemoryBound() {
+        if (m_bSet) setrlimit(RLIMIT_DATA, &m_previous);
+    }
+
+private:
+    static constexpr rlim_t kBytes = rlim_t{2} << 30;
+    rlimit m_previous{};
+    bool m_bSet = false;
+};
+
+// ---- one session ----
+
+struct Session {
+    std::uint64_t index = 0;
+    std::uint64_t runSeed = 0;
+    const Panel* panel = nullptr;
+    const Start* start = nullptr;
+
+    std::string Header() const {
+        char seed[32];
+        std::snprintf(seed, sizeof seed, "0x%llx", static_cast<unsigned long long>(runSeed));
+        return "session " + std::to_string(index) + " of seed " + seed + ": " + panel->name + " on " + start->what +
+               " (replay: KRN_MONKEY_SEED=" + seed + " KRN_MONKEY_SESSION=" + std::to_string(index) + " test_monkey)";
+    }
+};
+
+struct Result {
+    std::vector<std::string> problems;
+    std::vector<std::string> steps;
+};
+
+Result RunSession(const Session& s) {
+    KRNMessageCapture messages;
+    KRNMonkey monkey(
+        KRNSessionSeed(s.runSeed, s.index), [&] { return messages.Messages().size(); },
+        [&](std::size_t i) { return messages.Messages()[i].text; });
+    g_crashNote = {s.Header(), &monkey.Log()};
+
+    const CKRNMachineData& sent = s.start->record;
+    CKRNProMachineInterface panels;
+    std::int64_t known = -1;
+    bool opened = false;
+    bool endedWithOK = false;
+    alarm(kSessionSeconds);
+    KRNDriver::RunWhileOpen(
+        [&] {
+            CKRNDialog* panel = KRNDriver::TopDialog();
+            if (!panel) return;
+            opened = true;
+            monkey.Walk(panel, 4 + monkey.Dice().Below(37));
+            if (monkey.Problems().empty()) endedWithOK = monkey.Finish();
+        },
+        [&] { known = panels.KRNDoModal(sent, s.panel->name); });
+    alarm(0);
+
+    Result r{monkey.Problems(), monkey.Log()};
+    g_crashNote.steps = nullptr;
+    if (KRNDriver::TopDialog()) {
+        r.problems.push_back("a dialog stayed open after the session");
+        KRNDriver::CancelAll();
+    }
+    if (known != 1) r.problems.push_back("KRNDoModal gave " + std::to_string(known) + " for a controller of the table");
+    if (!opened) r.problems.push_back("the panel did not open");
+
+    const CKRNMachineData back = panels.GetMachineData();
+    if (!panels.IsOK()) {
+        if (const std::string d = Differences(sent, back); !d.empty())
+            r.problems.push_back("the record changed although nothing was written back: " + d);
+        return r;
+    }
+    if (!endedWithOK) r.problems.push_back("the interface reports OK after Cancel");
+    if (const std::string bad = NonFinite(back); !bad.empty())
+        r.problems.push_back("the record came back with values that are no finite number: " + bad);
+    if (sent.IsReadOnly())
+        if (const std::string d = Differences(sent, back); !d.empty())
+            r.problems.push_back("a read-only record changed: " + d);
+    return r;
+}
+
+std::string Steps(const std::vector<std::string>& steps) {
+    std::string text;
+    for (const std::string& step : steps) text += "    " + step + "\n";
+    return text;
+}
+
+}  // namespace
+
+TEST(Monkey, EveryPanelOfTheTableTakesRandomSessions) {
+    const std::vector<Panel> panels = Panels();
+    ASSERT_FALSE(panels.empty()) << "no controller of the table has a panel";
+    const std::vector<Start> starts = Starts();
+    const std::uint64_t seed = EnvNumber("KRN_MONKEY_SEED", kDefaultSeed);
+    const char* only = std::getenv("KRN_MONKEY_SESSION");
+    std::uint64_t first = 0, count = EnvNumber("KRN_MONKEY_SESSIONS", kDefaultSessions);
+    if (only && *only) first = EnvNumber("KRN_MONKEY_SESSION", 0), count = 1;
+
+    FatalSignalNote note;
+    MemoryBound memory;
+    // The first session of each kind of problem, and how often it came.
+    std::map<std::string, std::pair<std::uint64_t, int>> kinds;
+    int failures = 0;
+    for (std::uint64_t k = first; k < first + count; ++k) {
+        const Session s{k, seed, &panels[k % panels.size()], &starts[(k / panels.size()) % starts.size()]};
+        const Result r = RunSession(s);
+        if (only && *only) std::printf("%s\n%s", s.Header().c_str(), Steps(r.steps).c_str());
+        if (r.problems.empty()) continue;
+        ++failures;
+        for (const std::string& p : r.problems) {
+            auto [at, added] = kinds.try_emplace(s.panel->name + ": " + p.substr(0, p.find(':')), k, 0);
+            ++at->second.second;
+        }
+        if (failures <= kDetailedFailures) {
+            std::string all;
+            for (const std::string& p : r.problems) all += "  " + p + "\n";
+            ADD_FAILURE() << s.Header() << "\n" << all << "  steps:\n" << Steps(r.steps);
+        }
+    }
+    std::string summary;
+    for (const auto& [kind, where] : kinds)
+        summary += "  " + kind + ": " + std::to_string(where.second) + " session(s), first " + std::to_string(where.first) + "\n";
+    EXPECT_EQ(failures, 0) << failures << " of " << count << " sessions failed:\n" << summary;
+    std::printf("monkey: %llu session(s) from %llu on %zu panel(s), seed 0x%llx\n", static_cast<unsigned long long>(count),
+                static_cast<unsigned long long>(first), panels.size(), static_cast<unsigned long long>(seed));
+}
+
+// A failure is only worth its seed if the same seed walks the same way.
+TEST(Monkey, ASeedWalksTheSameStepsAgain) {
+    const std::vector<Panel> panels = Panels();
+    ASSERT_FALSE(panels.empty());
+    const std::vector<Start> starts = Starts();
+    FatalSignalNote note;
+    for (const Panel& panel : panels) {
+        const Session s{7, kDefaultSeed, &panel, &starts[0]};
+        const Result once = RunSession(s), again = RunSession(s);
+        EXPECT_EQ(once.steps, again.steps) << panel.name;
+        EXPECT_GT(once.steps.size(), 1u) << panel.name;
+    }
+}
