@@ -2,7 +2,9 @@
 
 #include <QApplication>
 
+#include <clocale>
 #include <cstdlib>
+#include <string>
 
 CKRNProcessMachineEngineApp& CKRNProcessMachineEngineApp::Instance() {
     static CKRNProcessMachineEngineApp app;
@@ -23,6 +25,14 @@ bool CKRNProcessMachineEngineApp::InitInstance() {
     static int argc = 1;
     static char name[] = "KRNProcessMachineEngine";
     static char* argv[] = {name, nullptr};
+    // QApplication sets the process locale from the environment. The host's C
+    // library must go on printing and reading numbers as it did (a German
+    // LC_NUMERIC would make its "%.2f" write a comma and atof("12.5") read
+    // 12), so the host's locale, every category, comes back afterwards. The
+    // panels themselves format and read numbers with the classic rules.
+    const char* hostLocale = std::setlocale(LC_ALL, nullptr);
+    const std::string savedLocale = hostLocale ? hostLocale : "";
     m_pOwnApplication = new QApplication(argc, argv);  // kept until the process ends
+    if (!savedLocale.empty()) std::setlocale(LC_ALL, savedLocale.c_str());
     return true;
 }

@@ -2,7 +2,7 @@
 
 // The module object. Panels are Qt widgets and need a QApplication; a host
 // that has one keeps it, a host that has none gets one, made once and kept
-// for the life of the process.
+// for the life of the process, without the host's C locale changing.
 
 class QApplication;
 

@@ -1,12 +1,17 @@
 // A small host: fills a record, asks the module about controllers and makers,
 // round-trips the record through the interface and prints a stroke time.
 // It includes nothing but the module's public headers and the standard library.
+// It has no QApplication of its own, so the module makes one when the first
+// panel opens; the host's C library must read and print numbers afterwards
+// exactly as before (exit 1 if not).
 
 #include <KRNMachineData.h>
 #include <KRNPanelMessages.h>
 #include <KRNProMachineInterface.h>
 
+#include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 namespace {
@@ -24,9 +29,32 @@ CKRNMachineData SampleRecord() {
     return record;
 }
 
+// How the host's own C library treats numbers at a moment.
+struct NumberHabits {
+    std::string locale;   // setlocale(LC_ALL, nullptr)
+    std::string printed;  // "%.2f" of 12.5
+    double read;          // atof("12.5")
+    std::string readAs;   // that value, "%g" as printed then
+};
+
+NumberHabits CurrentHabits() {
+    char printed[32], readAs[32];
+    std::snprintf(printed, sizeof printed, "%.2f", 12.5);
+    const double read = std::atof("12.5");
+    std::snprintf(readAs, sizeof readAs, "%g", read);
+    const char* locale = std::setlocale(LC_ALL, nullptr);
+    return {locale ? locale : "", printed, read, readAs};
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A host that follows the user's language but keeps its numbers with a
+    // full stop, as hosts that write files of numbers do.
+    std::setlocale(LC_ALL, "");
+    std::setlocale(LC_NUMERIC, "C");
+    const NumberHabits before = CurrentHabits();
+
     CKRNProMachineInterface panels;
     const int loaded = panels.Initialize(argc > 1 ? argv[1] : "");
     std::printf("resource module: %s\n", loaded ? "loaded" : "not found");
@@ -57,5 +85,20 @@ int main(int argc, char** argv) {
     std::printf("\nround trip through \"FANUC-B\": recognised %lld, OK %d, %d flow-rate points, point 2 = (%g, %g)\n",
                 known, panels.IsOK(), back.GetProfileDataCount(MI_FP_PROFILE), x, y);
     std::printf("stroke time of the sample record: %.4f s\n", back.CalcStrokeTime(1));
+
+    // The first panel that opens makes the module's application object.
+    {
+        CKRNProMachineInterface hosted;
+        hosted.Initialize(argc > 1 ? argv[1] : "");
+        hosted.CreateMachineDialog(record, "FANUC-A");
+    }
+    const NumberHabits after = CurrentHabits();
+    std::printf("\nhost numbers before and after the first panel: \"%s\" and %s, then \"%s\" and %s\n",
+                before.printed.c_str(), before.readAs.c_str(), after.printed.c_str(), after.readAs.c_str());
+    if (after.locale != before.locale || after.printed != before.printed || after.read != before.read) {
+        std::fprintf(stderr, "the module changed the host's locale from %s to %s\n", before.locale.c_str(),
+                     after.locale.c_str());
+        return 1;
+    }
     return 0;
 }

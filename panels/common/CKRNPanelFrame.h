@@ -41,7 +41,8 @@ protected:
     // Creates the pages from their templates in a page stack over the
     // (then hidden) placeholder control; the frame owns them from here on.
     // When the frame has its pages already (a hosted frame opened again runs
-    // OnInitDialog again), it keeps them and deletes the pages given.
+    // OnInitDialog again), it keeps them and deletes the pages given, so a
+    // panel reaches its pages through Page(), never through pointers it kept.
     bool CreatePages(int placeholderId, const std::vector<CKRNPanelPage*>& pages);
     bool PagesCreated() const { return !m_Pages.empty(); }
     CKRNPanelPage* Page(int index) const;
