@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QKeyEvent>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -269,6 +270,29 @@ void CKRNDialog::SetDialogColor(unsigned text, unsigned background) {
     pal.setColor(QPalette::WindowText, KRNColorRef(text));
     setPalette(pal);
     setAutoFillBackground(true);
+}
+
+void CKRNDialog::SetBitmapButton(int id, int normal, int selected, int focused) {
+    auto* button = GetDlgItemAs<QAbstractButton>(id);
+    if (!button) return;
+    const QPixmap up = KRNResources::Bitmap(normal);
+    const QPixmap down = KRNResources::Bitmap(selected);
+    const QPixmap focus = KRNResources::Bitmap(focused);
+    // Qt draws a focused button's icon in its Active mode.
+    auto faces = [=](bool held) {
+        QIcon icon;
+        icon.addPixmap(held ? down : up, QIcon::Normal);
+        icon.addPixmap(held ? down : focus, QIcon::Active);
+        return icon;
+    };
+    button->setIcon(faces(false));
+    button->setIconSize(up.size());
+    if (!up.isNull()) button->resize(up.size());
+    // The faces follow the key from the first call on; later calls only set them again.
+    if (button->property("krnBitmapKey").toBool()) return;
+    button->setProperty("krnBitmapKey", true);
+    connect(button, &QAbstractButton::pressed, button, [button, faces] { button->setIcon(faces(true)); });
+    connect(button, &QAbstractButton::released, button, [button, faces] { button->setIcon(faces(false)); });
 }
 
 void CKRNDialog::SetBitmap(int id, int bitmapId, bool sizeToBitmap) {

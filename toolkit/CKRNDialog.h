@@ -90,6 +90,9 @@ protected:
 
     // Shows bitmap `bitmapId` of the resource module on a static or a button.
     void SetBitmap(int id, int bitmapId, bool sizeToBitmap = false);
+    // A bitmap key sized to its bitmaps: `normal` at rest, `selected` while
+    // held down, `focused` while it has the focus.
+    void SetBitmapButton(int id, int normal, int selected, int focused);
 
     void keyPressEvent(QKeyEvent* event) override;
     void reject() override { OnCancel(); }

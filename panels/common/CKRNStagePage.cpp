@@ -101,22 +101,25 @@ void CKRNStagePage::OnFieldChanged(const KRNStageFields& row, int stage) {
 }
 
 // A level up to the row's limit. A stroke stage is stored again at its own
-// position (the first stage setting the full stroke); a time stage keeps its time.
+// position (the first stage setting the full stroke); a time stage keeps its
+// time. A screen that shows percentages stores what is typed as it stands.
 bool CKRNStagePage::EditLevel(const KRNStageFields& row, int stage) {
     const int id = row.ids[static_cast<std::size_t>(stage)];
-    const double fullScale = row.fullScale ? row.fullScale(m_MachineData) : 100.0;
-    const double upper = row.limit ? row.limit(m_MachineData) * row.unit : HUGE_VAL;
-    if (!IsStrokeProfile(row.profile)) {
-        if (!EditStageValue(id, row.profile, stage, fullScale, upper, row.kind, row.unit)) return false;
-        if (row.tail) row.tail(m_MachineData, row.profile);
-        return true;
-    }
     const double stored = ShownValue(row, stage);
+    const double upper = row.limit ? row.limit(m_MachineData) * row.unit : HUGE_VAL;
     double value = 0, percent = 0;
-    if (!ReadNumberField(id, stored, value, row.kind, upper) || !ToPercent(value / row.unit, fullScale, percent, id, stored))
+    if (!ReadNumberField(id, stored, value, row.kind, upper)) return false;
+    if (!row.fullScale)
+        percent = value / row.unit;
+    else if (!ToPercent(value / row.unit, row.fullScale(m_MachineData), percent, id, stored))
         return false;
     double x = 0, y = 0;
     m_MachineData.GetProfileData(row.profile, stage, x, y);
+    if (!IsStrokeProfile(row.profile)) {
+        m_MachineData.SetMachineData(row.profile, stage, x, percent);
+        if (row.tail) row.tail(m_MachineData, row.profile);
+        return true;
+    }
     const double position = x * KRNFullStroke(m_MachineData) * 0.01;
     if (StoreStrokePoint(row.profile, stage, position, percent, row.tail)) return true;
     return CheckFullScale(0.0, id, stored);

@@ -27,3 +27,4 @@ inline double KRNFullStroke(const CKRNMachineData& r) { return KRNItemValue(r, M
 inline double KRNStrokeLimit(const CKRNMachineData& r) { return r.GetMachine(MC_SPEC_2); }  // mm
 inline double KRNInjectionPressure(const CKRNMachineData& r) { return KRNItemValue(r, MI_INJECTION_PRESSURE); }  // MPa
 inline double KRNPackingPressure(const CKRNMachineData& r) { return KRNItemValue(r, MI_PACKING_PRESSURE); }  // MPa
+inline double KRNHundredPercent(const CKRNMachineData&) { return 100.0; }  // screens that show percent
