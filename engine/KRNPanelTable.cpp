@@ -5,6 +5,7 @@
 #include "fanuc_s2000i/CMACHINE_FANUC_S2000I_DLG.h"
 #include "jsw_syscom3000/CMACHINE_JSW_SYSCOM3000_DLG.h"
 #include "mitsubishi_electric/CMACHINE_MITSUBISHI_DLG.h"
+#include "niigata_mdseries/CMACHINE_NIIGATA_MDSERIES_DLG.h"
 
 #include <array>
 
@@ -34,6 +35,7 @@ constexpr std::array<KRNControllerName, 18> kControllers{{
 
 const KRNPanelEntry kPanels[] = {
     {8, &KRNRunModalPanel<CMACHINE_JSW_SYSCOM3000_DLG>, nullptr},
+    {9, &KRNRunModalPanel<CMACHINE_NIIGATA_MDSERIES_DLG>, nullptr},
     {11, &KRNRunModalPanel<CMACHINE_FANUC_S2000I_DLG>, &KRNCreateHostedPanel<CMACHINE_FANUC_S2000I_DLG>},
     {13, &KRNRunModalPanel<CMACHINE_MITSUBISHI_DLG>, nullptr},
 };

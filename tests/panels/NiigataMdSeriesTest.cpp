@@ -1,0 +1,305 @@
+// The Niigata MD series panel as a process engineer uses it.
+
+#include "KRNPanelTest.h"
+#include "KRNProMachineInterface.h"
+#include "KRNRecordBuilder.h"
+#include "niigata_mdseries/CMACHINE_NIIGATA_MDSERIES_DLG.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <iomanip>
+#include <locale>
+#include <sstream>
+
+using namespace KRNTest;
+
+namespace {
+
+constexpr int kKeyInjection = 1593, kKeyTemperature = 1594, kKeyMain = 1504, kKeyCurve = 1509;
+constexpr int kSpeed[5] = {1366, 1367, 1368, 1369, 1370};
+constexpr int kPosition[5] = {1388, 1371, 1372, 1373, 1374};
+constexpr int kHoldPressure[5] = {1376, 1377, 1378, 1379, 1380};
+constexpr int kHoldTime[5] = {1381, 1382, 1383, 1384, 1385};
+constexpr int kInjectionTime = 1510, kCoolingTime = 1512, kVPPosition = 1364, kInjectionPressure = 1375;
+constexpr int kMold = 1363, kMoldMirrors[2] = {1582, 1532};
+
+struct Session {
+    int result = 0;
+    CKRNMachineData record;
+    std::vector<std::string> messages;
+};
+
+Session OpenNiigata(const CKRNMachineData& record, const std::function<void()>& steps) {
+    KRNMessageCapture messages;
+    CMACHINE_NIIGATA_MDSERIES_DLG frame(record);
+    Session s;
+    WhileOpen([&] { s.result = frame.DoModal(); }, steps);
+    s.record = frame.GetMachineData();
+    s.messages = messages.Texts();
+    return s;
+}
+
+// 200 cm3/s through a 40 mm screw: 159.1551 mm/s.
+double TopSpeed() { return 200.0 * 10.0 / (4.0 * 4.0 * 3.14159 * 0.25); }
+
+// The screw's travel over the flow-rate profile in seconds, stages of no
+// flow skipped (the stroke-time rule in its mode 1), for records without
+// injection volumes (the stroke runs to its end).
+double StrokeTime(const CKRNMachineData& r) {
+    const double d = r.GetMachine(MC_SCREW_DIAMETER), rate = r.GetMachine(MC_MAX_INJECTION_RATE);
+    const double stroke = KRNItem(r, MI_MAX_RAM_POSITION), area = d * 0.0007853975 * d;
+    const KRNPointList fp = KRNProfile(r, MI_FP_PROFILE);
+    double total = 0.0;
+    for (std::size_t i = 0; i + 1 < fp.size(); ++i) {
+        const auto [x0, y0] = fp[i];
+        const auto [x1, y1] = fp[i + 1];
+        double s1 = stroke * x1 * 0.01;
+        if (x1 != 0.0 && y1 == 0.0) s1 = 0.0;
+        if (x0 != 0.0 && y0 == 0.0) continue;
+        double flow = rate * 0.01 * y0;
+        if (flow < 0.001) flow = 0.01;
+        total += std::fabs((stroke * x0 * 0.01 - s1) * area / flow);
+    }
+    return std::max(total, 0.1);
+}
+
+std::string Fixed6(double value) {
+    std::ostringstream out;
+    out.imbue(std::locale::classic());
+    out << std::fixed << std::setprecision(6) << value;
+    return out.str();
+}
+
+}  // namespace
+
+TEST(NiigataMdSeries, OpensOnTheMainScreenAndShowsTheStagesInMachineUnits) {
+    const CKRNMachineData r = KRN40mmRecord();
+    OpenNiigata(r, [] {
+        EXPECT_EQ(Text(2037), "---");  // the main screen, fed by nothing
+        Click(kKeyInjection);
+        // y × 159.16 mm/s and x × 120 mm; the sixth point ends the fifth stage.
+        const char* speeds[5] = {"63.66", "111.41", "143.24", "95.49", "55.70"};
+        const char* positions[5] = {"120.00", "102.00", "72.00", "42.00", "18.00"};
+        for (int i = 0; i < 5; ++i) {
+            EXPECT_EQ(Text(kSpeed[i]), speeds[i]);
+            EXPECT_EQ(Text(kPosition[i]), positions[i]);
+        }
+        // Hold stages in seconds of the 6 s packing time, pressures of 80 MPa;
+        // the two padded stages are empty.
+        EXPECT_EQ(Text(kHoldPressure[0]), "48.00");
+        EXPECT_EQ(Text(kHoldTime[0]), "1.50");
+        EXPECT_EQ(Text(kHoldTime[1]), "3.00");
+        EXPECT_EQ(Text(kHoldPressure[2]), "32.00");
+        EXPECT_EQ(Text(kHoldTime[4]), "0.00");
+        EXPECT_EQ(Text(kInjectionPressure), "112");  // 70 % of 160 MPa
+        EXPECT_EQ(Text(kCoolingTime), "15");
+        EXPECT_EQ(Text(kVPPosition), "18");
+        EXPECT_EQ(Text(1514), "---");
+        Click(kKeyTemperature);
+        EXPECT_EQ(Text(kMold), "0");
+        OK();
+    });
+}
+
+TEST(NiigataMdSeries, OkWithoutEditsGivesTheRecordBackAsItCame) {
+    const CKRNMachineData r = KRN40mmRecord();
+    Session s = OpenNiigata(r, [] {
+        Click(kKeyCurve);
+        Click(kKeyMain);
+        OK();
+    });
+    EXPECT_EQ(s.result, IDOK);
+    for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
+    EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 6.0);
+}
+
+TEST(NiigataMdSeries, ShortPressureProfilesAreLeftAloneAndEndAtZeroOnOk) {
+    CKRNMachineData r = KRN40mmRecord();
+    KRNSetProfile(r, MI_P_PROFILE, {});
+    Session s = OpenNiigata(r, [] {
+        Click(kKeyInjection);
+        EXPECT_EQ(Text(kInjectionPressure), "0");
+        OK();
+    });
+    EXPECT_TRUE(KRNProfile(s.record, MI_P_PROFILE).empty());
+
+    KRNSetProfile(r, MI_P_PROFILE, {{100, 70}});
+    s = OpenNiigata(r, [] {
+        Click(kKeyInjection);
+        EXPECT_EQ(Text(kInjectionPressure), "112");
+        Click(kKeyMain);
+        OK();
+    });
+    // The end point alone takes "the point before it" from nothing: the controller's way, kept.
+    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), (KRNPointList{{0, 0}}));
+}
+
+TEST(NiigataMdSeries, StagesTheProfileDoesNotHaveShowZero) {
+    CKRNMachineData r = KRN40mmRecord();
+    KRNSetProfile(r, MI_FP_PROFILE, {{100, 50}});  // one point: nothing to pad, no stage
+    OpenNiigata(r, [] {
+        Click(kKeyInjection);
+        EXPECT_EQ(Text(kSpeed[0]), "79.58");
+        for (int i = 1; i < 5; ++i) EXPECT_EQ(Text(kSpeed[i]), "0") << i;
+        OK();
+    });
+}
+
+TEST(NiigataMdSeries, ASpeedEditShowsTheStrokeTimeAsTheInjectionTime) {
+    Session s = OpenNiigata(KRN40mmRecord(), [] {
+        Click(kKeyInjection);
+        Type(kSpeed[1], "100");
+        // The record after the edit: stage 2 at 100 mm/s of 159.16, same position.
+        CKRNMachineData expected = KRN40mmRecord();
+        KRNSetProfile(expected, MI_FP_PROFILE,
+                      {{100, 40}, {85, 100.0 / TopSpeed() * 100.0}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
+        EXPECT_EQ(Text(kInjectionTime), Fixed6(StrokeTime(expected)));
+        OK();
+    });
+    CKRNMachineData expected = KRN40mmRecord();
+    KRNSetProfile(expected, MI_FP_PROFILE, {{100, 40}, {85, 100.0 / TopSpeed() * 100.0}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
+    EXPECT_NEAR(KRNItem(s.record, MI_INJECTION_TIME), StrokeTime(expected), 1e-6);
+    EXPECT_TRUE(s.messages.empty());
+}
+
+TEST(NiigataMdSeries, TheFirstPositionIsTheFullStrokeAndRescalesTheOthers) {
+    Session s = OpenNiigata(KRN40mmRecord(), [] {
+        Click(kKeyInjection);
+        Type(kPosition[0], "150");
+        EXPECT_FALSE(Text(kInjectionTime).empty());
+        Click(kKeyMain);  // leaving reads every position back against the new stroke
+        Click(kKeyInjection);
+        EXPECT_EQ(Text(kPosition[0]), "150.00");
+        EXPECT_EQ(Text(kPosition[1]), "102.00");
+        OK();
+    });
+    EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 150.0);
+    // The same millimetres are now shares of 150 mm.
+    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
+    EXPECT_EQ(fp[0].first, 100.0);
+    EXPECT_NEAR(fp[1].first, 102.0 / 150.0 * 100.0, 1e-9);
+    EXPECT_NEAR(fp[4].first, 18.0 / 150.0 * 100.0, 1e-9);
+    // Positions move the flow-rate profile only.
+    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), KRNProfile(KRN40mmRecord(), MI_P_PROFILE));
+}
+
+TEST(NiigataMdSeries, RefusedEntriesLeaveFieldAndRecordAsTheyWere) {
+    const CKRNMachineData r = KRN40mmRecord();
+    Session s = OpenNiigata(r, [] {
+        Click(kKeyInjection);
+        Keys(kSpeed[0], "200");  // crosses 159.16 at the third keystroke
+        EXPECT_EQ(Text(kSpeed[0]), "20.00");
+        Type(kSpeed[0], "63.66");
+        Type(kHoldPressure[0], "170");  // above the 160 MPa injection pressure
+        EXPECT_EQ(Text(kHoldPressure[0]), "48.00");
+        Type(kHoldTime[1], "abc");
+        EXPECT_EQ(Text(kHoldTime[1]), "3.00");
+        Type(kPosition[2], "-5");  // no machine has a position below 0
+        EXPECT_EQ(Text(kPosition[2]), "72.00");
+        OK();
+    });
+    ASSERT_EQ(s.messages.size(), 4u);
+    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 159.16.");
+    EXPECT_EQ(s.messages[1], "Please enter a value not greater than 160.00.");
+    EXPECT_EQ(s.messages[2], "Please enter a number.");
+    EXPECT_EQ(s.messages[3], "Please enter a value not above 9999.00 and not below 0.00.");
+    EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE), KRNProfile(r, MI_PP_PROFILE));
+    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
+    EXPECT_NEAR(fp[0].second, 63.66 / TopSpeed() * 100.0, 1e-9);
+    // Leaving the page reads the shown "%6.2f" texts back: 143.24 mm/s is 90 % within rounding.
+    EXPECT_EQ(fp[2].first, 60.0);
+    EXPECT_NEAR(fp[2].second, 90.0, 0.005);
+}
+
+TEST(NiigataMdSeries, HoldStagesAndTheFlatInjectionPressureGoBackOnOk) {
+    Session s = OpenNiigata(KRN40mmRecord(), [] {
+        Click(kKeyInjection);
+        Type(kInjectionPressure, "80");  // half of 160 MPa, on every pressure point
+        Type(kHoldPressure[0], "60");    // 75 % of 80 MPa
+        Type(kHoldTime[0], "2");
+        Type(kHoldTime[1], "2");
+        Type(kCoolingTime, "12.5");
+        OK();
+    });
+    for (const auto& [x, y] : KRNProfile(s.record, MI_P_PROFILE)) EXPECT_EQ(y, 50.0) << x;
+    // Stages of 2, 2 and 1.5 s: 5.5 s of packing.
+    EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 5.5);
+    const KRNPointList pp = KRNProfile(s.record, MI_PP_PROFILE);
+    ASSERT_EQ(pp.size(), 4u);
+    EXPECT_NEAR(pp[0].first, 100.0, 1e-9);
+    EXPECT_NEAR(pp[1].first, 4.0 / 5.5 * 100.0, 1e-9);
+    EXPECT_NEAR(pp[2].first, 2.0 / 5.5 * 100.0, 1e-9);
+    EXPECT_EQ(pp[2].second, 75.0);
+    EXPECT_EQ(KRNItem(s.record, MI_COOLING_TIME), 12.5);
+}
+
+TEST(NiigataMdSeries, MouldTemperatureIsMirroredOnThePicture) {
+    CKRNMachineData r = KRN40mmRecord();
+    r.SetMachineData(MI_MOLD_TEMPERATURE, 45.0);
+    Session s = OpenNiigata(r, [] {
+        Click(kKeyTemperature);
+        for (int id : kMoldMirrors) EXPECT_EQ(Text(id), "45");
+        Type(kMold, "52.5");
+        for (int id : kMoldMirrors) EXPECT_EQ(Text(id), "52.5");
+        OK();
+    });
+    EXPECT_EQ(KRNItem(s.record, MI_MOLD_TEMPERATURE), 52.5);
+}
+
+TEST(NiigataMdSeries, TheCurveAxesRepeatTheirFourTenthsLabel) {
+    OpenNiigata(KRN40mmRecord(), [] {
+        Click(kKeyCurve);
+        const int pressure[6] = {1398, 1399, 1400, 1401, 1961, 1403};
+        const char* pressureText[6] = {"160", "128", "96", "64", "32", "0"};
+        for (int i = 0; i < 6; ++i) EXPECT_EQ(Text(pressure[i]), pressureText[i]);
+        // 159.16 mm/s; 0.4 twice where 0.2 belongs, as on the controller.
+        const int speed[6] = {1392, 1393, 1394, 1395, 1960, 1397};
+        const char* speedText[6] = {"159.2", "127.3", "95.5", "63.7", "63.7", "0.0"};
+        for (int i = 0; i < 6; ++i) EXPECT_EQ(Text(speed[i]), speedText[i]);
+        EXPECT_EQ(Text(1947), "---");
+        OK();
+    });
+}
+
+TEST(NiigataMdSeries, ReadOnlyRecordsAndCancelChangeNothing) {
+    CKRNMachineData r = KRN40mmRecord();
+    r.SetMachineData(MI_READ_ONLY, true);
+    Session s = OpenNiigata(r, [] {
+        Click(kKeyInjection);
+        Type(kSpeed[0], "100");
+        Click(kKeyMain);  // leaving commits nothing
+        Click(kKeyCurve);
+        OK();
+    });
+    for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
+
+    CKRNProMachineInterface panels;
+    CKRNMachineData back;
+    WhileOpen([&] { panels.KRNDoModal(KRN40mmRecord(), "NIIGATA-Series"); },
+              [] {
+                  Click(kKeyInjection);
+                  Type(kSpeed[0], "100");
+                  PressKey(Qt::Key_Return);  // neither key closes the panel
+                  PressKey(Qt::Key_Escape);
+                  Cancel();
+              });
+    EXPECT_FALSE(panels.IsOK());
+}
+
+TEST(NiigataMdSeries, AMachineWithoutScrewDiameterShowsAndWritesNoSpeed) {
+    CKRNMachineData r = KRN40mmRecord();
+    r.SetMachine(MC_SCREW_DIAMETER, 0.0);
+    Session s = OpenNiigata(r, [] {
+        Click(kKeyInjection);
+        EXPECT_EQ(Text(kSpeed[0]), "---");
+        Type(kSpeed[0], "50");
+        Click(kKeyCurve);
+        EXPECT_EQ(Text(1392), "---");
+        OK();
+    });
+    ASSERT_EQ(s.messages.size(), 1u);
+    EXPECT_NE(s.messages[0].find("no full scale"), std::string::npos);
+    EXPECT_TRUE(KRNAllFinite(s.record));
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), KRNProfile(r, MI_FP_PROFILE));
+}
