@@ -248,3 +248,25 @@ TEST(KrnPanel, AnOutFileIsEitherCompleteOrAsItWas) {
     EXPECT_EQ(record["MC_SCREW_DIAMETER"].toDouble(), 40.0);
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{"record.json"});
 }
+
+// The example scripts run as their first line says and end with exit 0: every
+// expectation in them holds for the panel as built.
+TEST(KrnPanel, TheExampleScriptsRunAsWritten) {
+    const QDir scripts(QStringLiteral(KRN_SOURCE_DIR "/examples/scripts"));
+    const QStringList files = scripts.entryList({QStringLiteral("*.txt")}, QDir::Files);
+    ASSERT_FALSE(files.isEmpty());
+    for (const QString& name : files) {
+        QFile file(scripts.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(name);
+        // "# run: CONTROLLER RECORD"; a controller name may hold blanks.
+        QStringList run = QString::fromUtf8(file.readLine()).trimmed().split(QLatin1Char(' '));
+        ASSERT_GE(run.size(), 4) << qPrintable(name) << ": the first line is '# run: CONTROLLER RECORD'";
+        const QString record = run.takeLast();
+        const QString controller = run.mid(2).join(QLatin1Char(' '));
+        QTemporaryDir out;
+        const PanelRun r = KrnPanel({controller, "--record", QStringLiteral(KRN_SOURCE_DIR "/") + record, "--script",
+                                     file.fileName(), "--out", out.filePath("back.json")});
+        EXPECT_EQ(r.code, 0) << qPrintable(name) << "\n" << qPrintable(r.err);
+        EXPECT_TRUE(QFileInfo::exists(out.filePath("back.json"))) << qPrintable(name);
+    }
+}
