@@ -3,6 +3,7 @@
 #include "CKRNChartVariants.h"
 #include "KRNNumberText.h"
 #include "common/KRNMachineScales.h"
+#include "common/KRNPageCharts.h"
 #include "common/KRNStageRoutines.h"
 
 #include <algorithm>
@@ -16,29 +17,13 @@ const double kAxisShares[5] = {1.0, 0.8, 0.6, 0.4, 0.0};
 
 // The chart sits where the form's placeholder control is, and looks the same on both pages.
 CKRNFanucTypeAPressChart* MakeChart(CKRNDialog* page, int areaId) {
-    QWidget* area = page->GetDlgItem(areaId);
-    if (!area) return nullptr;
-    auto* chart = new CKRNFanucTypeAPressChart(area->parentWidget());
-    chart->CreateChart(area->geometry(), area->parentWidget());
-    area->hide();
-    chart->m_strXTitle.clear();
-    chart->m_strYTitle.clear();
+    auto* chart = KRNChartOver<CKRNFanucTypeAPressChart>(*page, areaId);
+    if (!chart) return nullptr;
     chart->m_nXReversed = 1;
     chart->m_nCurveMode = 0;
     chart->m_dXMax = 100.0;
     chart->m_crCurve1 = KRNColorRef(kCurveGreen);
     return chart;
-}
-
-void Fill(std::vector<double>& xs, std::vector<double>& ys, const CKRNMachineData& record, KRNMACHINEITEM profile) {
-    xs.clear();
-    ys.clear();
-    for (int i = 0; i < record.GetProfileDataCount(profile); ++i) {
-        double x = 0, y = 0;
-        record.GetProfileData(profile, i, x, y);
-        xs.push_back(x);
-        ys.push_back(y);
-    }
 }
 }  // namespace
 
@@ -54,8 +39,8 @@ bool CMACHINE_FANUC_S2000I_INJECTION_PRE_PAGE::OnInitDialog() {
     if (!m_pChart && (m_pChart = MakeChart(this, IDC_INJECTION_CHART_AREA))) m_pChart->m_crCurve2 = KRNColorRef(kCurveRed);
     if (m_pChart) {
         m_pChart->ClearCurves();
-        Fill(m_pChart->m_vecX1, m_pChart->m_vecY1, m_MachineData, MI_FP_PROFILE);
-        Fill(m_pChart->m_vecX2, m_pChart->m_vecY2, m_MachineData, MI_P_PROFILE);
+        KRNSetCurve(*m_pChart, 0, KRNStages::Read(m_MachineData, MI_FP_PROFILE));
+        KRNSetCurve(*m_pChart, 1, KRNStages::Read(m_MachineData, MI_P_PROFILE));
         m_pChart->update();
     }
     const double bar = m_MachineData.GetInjectionPressure() * 10.0;
@@ -86,10 +71,7 @@ bool CMACHINE_FANUC_S2000I_PRESSURE_PAGE::OnInitDialog() {
         m_pChart->ClearCurves();
         KRNStages::Points p = KRNStages::Read(m_MachineData, MI_P_PROFILE);
         p.resize(static_cast<std::size_t>(std::max(0, m_MachineData.GetProfileDataCount(MI_PP_PROFILE))));
-        for (const XYProfile& point : KRNStages::Accumulate(p)) {
-            m_pChart->m_vecX1.push_back(point.x);
-            m_pChart->m_vecY1.push_back(point.y);
-        }
+        KRNSetCurve(*m_pChart, 0, KRNStages::Accumulate(p));
         m_pChart->update();
     }
     const double bar = m_MachineData.GetInjectionPressure() * 10.0;

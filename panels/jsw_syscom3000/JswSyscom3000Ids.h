@@ -6,9 +6,13 @@
 #include "common/KRNStageField.h"
 #include "common/KRNStageRoutines.h"
 
+#include <array>
+#include <span>
+
 namespace JswSyscom3000 {
 
-constexpr int IDD_FRAME = 31143;
+// The frame template has a number of its own; 31143 is the CLF temperature page.
+constexpr int IDD_FRAME = 31147;
 constexpr int IDD_TEMP = 31144;
 constexpr int IDD_INJ = 31145;
 constexpr int IDD_PACK = 31146;
@@ -65,21 +69,23 @@ constexpr int kICHoldTime[6] = {1447, 1446, 1445, 1444, 1449, 1443};
 // stroke (MC_SPEC_2), hold pressures of the packing pressure up to the
 // injection pressure, hold times in seconds. The injection-compression page
 // shows "0" for hold stages from the profile's count on, not its last point.
-// fields | profile | kind | full scale | limit | unit | rule after a stored edit | stages shown as "0"
-constexpr KRNStageFields kInjectionTable[] = {
-    {kSpeed, MI_FP_PROFILE, KRNField::Speed, KRNMaxInjectionSpeed, KRNMaxInjectionSpeed, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
-    {kPressure, MI_P_PROFILE, KRNField::Pressure, KRNInjectionPressure, KRNInjectionPressure, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
-    {kPosition, MI_FP_PROFILE, KRNField::Position, KRNFullStroke, KRNStrokeLimit, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
-    {kHoldPressure, MI_PP_PROFILE, KRNField::Pressure, KRNPackingPressure, KRNInjectionPressure, 1.0, KRNStages::EndFlat, KRNStageFields::FromLastPoint},
-    {kHoldTime, MI_PP_PROFILE, KRNField::Time, nullptr, nullptr, 1.0, KRNStages::EndFlat, KRNStageFields::FromLastPoint},
-};
-constexpr KRNStageFields kCompressionPageTable[] = {
-    {kICSpeed, MI_FP_PROFILE, KRNField::Speed, KRNMaxInjectionSpeed, KRNMaxInjectionSpeed, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
-    {kICPressure, MI_P_PROFILE, KRNField::Pressure, KRNInjectionPressure, KRNInjectionPressure, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
-    {kICPosition, MI_FP_PROFILE, KRNField::Position, KRNFullStroke, KRNStrokeLimit, 1.0, KRNStages::TailRule, KRNStageFields::FromLastPoint},
-    {kICHoldPressure, MI_PP_PROFILE, KRNField::Pressure, KRNPackingPressure, KRNInjectionPressure, 1.0, KRNStages::EndFlat, KRNStageFields::FromCount},
-    {kICHoldTime, MI_PP_PROFILE, KRNField::Time, nullptr, nullptr, 1.0, KRNStages::EndFlat, KRNStageFields::FromCount},
-};
+constexpr std::array<KRNStageFields, 5> StageTable(std::span<const int> speed, std::span<const int> pressure,
+                                                   std::span<const int> position, std::span<const int> holdPressure,
+                                                   std::span<const int> holdTime, KRNStageFields::Blank holdBlank) {
+    using F = KRNStageFields;
+    // fields | profile | kind | full scale | limit | unit | rule after a stored edit | stages shown as "0"
+    return {{
+        {speed, MI_FP_PROFILE, KRNField::Speed, KRNMaxInjectionSpeed, KRNMaxInjectionSpeed, 1.0, KRNStages::TailRule, F::FromLastPoint},
+        {pressure, MI_P_PROFILE, KRNField::Pressure, KRNInjectionPressure, KRNInjectionPressure, 1.0, KRNStages::TailRule, F::FromLastPoint},
+        {position, MI_FP_PROFILE, KRNField::Position, KRNFullStroke, KRNStrokeLimit, 1.0, KRNStages::TailRule, F::FromLastPoint},
+        {holdPressure, MI_PP_PROFILE, KRNField::Pressure, KRNPackingPressure, KRNInjectionPressure, 1.0, KRNStages::EndFlat, holdBlank},
+        {holdTime, MI_PP_PROFILE, KRNField::Time, nullptr, nullptr, 1.0, KRNStages::EndFlat, holdBlank},
+    }};
+}
+constexpr auto kInjectionTable =
+    StageTable(kSpeed, kPressure, kPosition, kHoldPressure, kHoldTime, KRNStageFields::FromLastPoint);
+constexpr auto kCompressionPageTable =
+    StageTable(kICSpeed, kICPressure, kICPosition, kICHoldPressure, kICHoldTime, KRNStageFields::FromCount);
 // The field of stage k shows where stage k + 1 begins; what is typed there
 // is taken as the position of stage k, so the first field sets the full
 // stroke. Speed and pressure stages share their switching positions.

@@ -2,6 +2,7 @@
 
 #include "CKRNChartVariants.h"
 #include "KRNNumberText.h"
+#include "common/KRNPageCharts.h"
 
 using namespace MitsubishiElectric;
 
@@ -46,13 +47,8 @@ void CMACHINE_MITSUBISHI_TIME_PAGE::OnMeltChanged() {
 namespace {
 // The chart over a placeholder of the form: stages over the stroke, as percent.
 CKRNMITSUBISHChart* MakeChart(CKRNDialog* page, int areaId, unsigned colour) {
-    QWidget* area = page->GetDlgItem(areaId);
-    if (!area) return nullptr;
-    auto* chart = new CKRNMITSUBISHChart(area->parentWidget());
-    chart->CreateChart(area->geometry(), area->parentWidget());
-    area->hide();
-    chart->m_strXTitle.clear();
-    chart->m_strYTitle.clear();
+    auto* chart = KRNChartOver<CKRNMITSUBISHChart>(*page, areaId);
+    if (!chart) return nullptr;
     chart->m_nXReversed = 1;  // the screw moves towards the nozzle, left to right
     chart->m_nCurveMode = 0;
     chart->m_nLocked = 1;     // a picture of the stages; they are edited in the fields
@@ -67,11 +63,7 @@ CKRNMITSUBISHChart* MakeChart(CKRNDialog* page, int areaId, unsigned colour) {
 
 void Fill(CKRNMITSUBISHChart* chart, const CKRNMachineData& record, KRNMACHINEITEM profile) {
     if (!chart) return;
-    chart->ClearCurves();
-    for (const XYProfile& p : KRNStages::Read(record, profile)) {
-        chart->m_vecX1.push_back(p.x);
-        chart->m_vecY1.push_back(p.y);
-    }
+    KRNSetCurve(*chart, 0, KRNStages::Read(record, profile));
     chart->update();
 }
 

@@ -4,6 +4,7 @@
 #include "KRNNumberText.h"
 #include "NiigataMdSeriesIds.h"
 #include "common/KRNMachineScales.h"
+#include "common/KRNPageCharts.h"
 #include "common/KRNStageRoutines.h"
 
 using namespace NiigataMdSeries;
@@ -50,29 +51,14 @@ constexpr unsigned kCurveColour = 0x5A377E;
 constexpr double kPressureShares[6] = {1.0, 0.8, 0.6, 0.4, 0.2, 0.0};
 constexpr double kSpeedShares[6] = {1.0, 0.8, 0.6, 0.4, 0.4, 0.0};
 
-// Steps over the share of time from a stroke profile's x values.
-void FillSteps(std::vector<double>& xs, std::vector<double>& ys, const CKRNMachineData& record,
-               KRNMACHINEITEM profile) {
-    xs.clear();
-    ys.clear();
-    for (const XYProfile& p : KRNStages::Accumulate(KRNStages::Read(record, profile))) {
-        xs.push_back(p.x);
-        ys.push_back(p.y);
-    }
-}
 }  // namespace
 
 CMACHINE_NIIGATA_COUVEPAGE::CMACHINE_NIIGATA_COUVEPAGE(const CKRNMachineData& data, QWidget* frame)
     : CKRNPanelPage(IDD_CURVE, data, frame) {}
 
 void CMACHINE_NIIGATA_COUVEPAGE::CreateChart() {
-    QWidget* area = GetDlgItem(IDC_CHART);
-    if (!area) return;
-    m_pChart = new CKRNNIIGATA(area->parentWidget());
-    m_pChart->CreateChart(area->geometry(), area->parentWidget());
-    area->hide();
-    m_pChart->m_strXTitle.clear();
-    m_pChart->m_strYTitle.clear();
+    m_pChart = KRNChartOver<CKRNNIIGATA>(*this, IDC_CHART);
+    if (!m_pChart) return;
     m_pChart->m_nXReversed = 0;  // time runs left to right
     m_pChart->m_nCurveMode = 0;  // the pressure as steps
     m_pChart->m_dXMax = m_pChart->m_dDefXMax = 100.0;
@@ -93,8 +79,8 @@ void CMACHINE_NIIGATA_COUVEPAGE::CreateChart() {
 bool CMACHINE_NIIGATA_COUVEPAGE::OnInitDialog() {
     if (!m_pChart) CreateChart();
     if (m_pChart) {
-        m_pChart->ClearCurves();
-        FillSteps(m_pChart->m_vecX1, m_pChart->m_vecY1, m_MachineData, MI_P_PROFILE);
+        // The pressure stages as steps over the share of time.
+        KRNSetCurve(*m_pChart, 0, KRNStages::Accumulate(KRNStages::Read(m_MachineData, MI_P_PROFILE)));
         m_pChart->update();
     }
     ShowUnfed({&IDC_CURVE_UNFED, 1});
