@@ -16,7 +16,8 @@ void CKRNPanelFrame::SetHost(CKRNProMachineInterface* host) {
     m_bHosted = true;
 }
 
-bool CKRNPanelFrame::CreatePages(int placeholderId, const std::vector<CKRNPanelPage*>& pages) {
+bool CKRNPanelFrame::CreatePages(int placeholderId, const std::vector<CKRNPanelPage*>& pages,
+                                 const std::vector<int>& creationOrder) {
     if (PagesCreated()) {
         // A hosted frame opened again runs its initialisation again and hands
         // over a fresh set of pages: the frame keeps the set it shows, so the
@@ -32,11 +33,14 @@ bool CKRNPanelFrame::CreatePages(int placeholderId, const std::vector<CKRNPanelP
     m_pStack->setObjectName(QStringLiteral("KRNPages"));  // where krn-panel finds the pages
     m_pStack->setGeometry(placeholder->geometry());
     placeholder->hide();
-    for (CKRNPanelPage* page : pages) {
-        m_Pages.push_back(page);
-        page->Create(m_pStack, true);
-        m_pStack->addWidget(page);
+    m_Pages = pages;
+    std::vector<int> order = creationOrder;
+    if (order.size() != pages.size()) {
+        order.resize(pages.size());
+        for (std::size_t i = 0; i < order.size(); ++i) order[i] = static_cast<int>(i);
     }
+    for (int index : order) Page(index)->Create(m_pStack, true);
+    for (CKRNPanelPage* page : pages) m_pStack->addWidget(page);
     m_pStack->show();
     return true;
 }
@@ -97,5 +101,6 @@ void CKRNPanelFrame::OnCancel() {
 
 bool CKRNPanelFrame::PreTranslateMessage(QObject* target, QEvent* event) {
     if (KRNIsClosingKey(event)) return true;
+    m_Clock.Refresh(*this);
     return CKRNDialog::PreTranslateMessage(target, event);
 }

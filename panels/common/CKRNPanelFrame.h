@@ -8,6 +8,7 @@
 // run hosted, without a modal loop, for an entry interface that polls it.
 
 #include "CKRNDialog.h"
+#include "KRNClockText.h"
 #include "KRNPanelData.h"
 
 #include <vector>
@@ -43,7 +44,10 @@ protected:
     // When the frame has its pages already (a hosted frame opened again runs
     // OnInitDialog again), it keeps them and deletes the pages given, so a
     // panel reaches its pages through Page(), never through pointers it kept.
-    bool CreatePages(int placeholderId, const std::vector<CKRNPanelPage*>& pages);
+    // `creationOrder` lists the page indexes in the order the controller
+    // creates (and so first initialises) them; index order when empty.
+    bool CreatePages(int placeholderId, const std::vector<CKRNPanelPage*>& pages,
+                     const std::vector<int>& creationOrder = {});
     bool PagesCreated() const { return !m_Pages.empty(); }
     CKRNPanelPage* Page(int index) const;
     int PageCount() const { return static_cast<int>(m_Pages.size()); }
@@ -60,6 +64,9 @@ protected:
     // Copies the frame's record into every page as it stands.
     void CopyRecordToPages();
 
+    // A clock in control `controlId` of the frame, written on every message.
+    void SetClock(int controlId, const char* format = kKRNClockFormat) { m_Clock = {controlId, format}; }
+
     // The profiles as the host gets them back on OK.
     virtual void TidyAtOK() {}
 
@@ -69,4 +76,5 @@ private:
     int m_nShownPage = -1;
     CKRNProMachineInterface* m_pHost = nullptr;
     bool m_bHosted = false;
+    KRNClock m_Clock;
 };

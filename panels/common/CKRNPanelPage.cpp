@@ -15,10 +15,9 @@ CKRNPanelPage::CKRNPanelPage(int templateId, const CKRNMachineData& data, QWidge
     : CKRNDialog(templateId, parent), m_MachineData(data) {}
 
 bool CKRNPanelPage::PreTranslateMessage(QObject* target, QEvent* event) {
-    if (!m_nClockControl) return CKRNDialog::PreTranslateMessage(target, event);
+    if (!m_Clock.controlId) return CKRNDialog::PreTranslateMessage(target, event);
     if (KRNIsClosingKey(event)) return true;
-    const QString now = KRNClockTextNow();
-    if (GetDlgItemText(m_nClockControl) != now) SetDlgItemText(m_nClockControl, now);
+    m_Clock.Refresh(*this);
     return false;
 }
 

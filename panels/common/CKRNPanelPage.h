@@ -5,6 +5,7 @@
 // and into which it writes every accepted edit at once.
 
 #include "CKRNDialog.h"
+#include "KRNClockText.h"
 #include "KRNFieldRanges.h"
 #include "KRNPanelData.h"
 
@@ -85,8 +86,8 @@ protected:
 
     // A page with a clock writes the time into `controlId` on every message
     // it sees, and never lets Enter or Escape through.
-    void SetClock(int controlId) { m_nClockControl = controlId; }
+    void SetClock(int controlId, const char* format = kKRNClockFormat) { m_Clock = {controlId, format}; }
 
 private:
-    int m_nClockControl = 0;
+    KRNClock m_Clock;
 };

@@ -1,6 +1,7 @@
 #include "CKRNStagePage.h"
 
 #include "KRNMachineScales.h"
+#include "KRNMessageBox.h"
 #include "KRNStageRoutines.h"
 
 #include <climits>
@@ -125,16 +126,39 @@ bool CKRNStagePage::EditLevel(const KRNStageFields& row, int stage) {
     return CheckFullScale(0.0, id, stored);
 }
 
+bool CKRNStagePage::BetweenNeighbours(const KRNStageFields& row, int stage, double position) {
+    double upper = stage > 0 ? ShownValue(row, stage - 1) : row.limit ? row.limit(m_MachineData) * row.unit : HUGE_VAL;
+    double lower = ShownValue(row, stage + 1);
+    // Without a stroke the neighbours have no place; storing the point says so.
+    if (std::isnan(upper)) upper = HUGE_VAL;
+    if (std::isnan(lower)) lower = 0.0;
+    if (position == 0.0 && lower == 0.0) return true;
+    const double spacing = m_Rules.positionSpacing;
+    if (position >= lower && position <= upper && std::fabs(position - lower) >= spacing &&
+        std::fabs(position - upper) >= spacing)
+        return true;
+    KRNMessageBox(KRNResourceMessage(353, {upper, lower}), this);
+    return false;
+}
+
 // A switching position within 0..the row's limit, stored with each moved
 // profile's own level at that stage.
 bool CKRNStagePage::EditPosition(const KRNStageFields& row, int stage) {
     const int id = row.ids[static_cast<std::size_t>(stage)];
     const double stored = ShownValue(row, stage);
     double position = 0;
-    const bool read = row.limit ? ReadNumberFieldInRange(id, stored, position, KRNField::Position, 0.0,
-                                                         row.limit(m_MachineData) * row.unit)
-                                : ReadNumberField(id, stored, position, KRNField::Position);
-    if (!read) return false;
+    if (m_Rules.positionSpacing > 0.0) {
+        if (!ReadNumberField(id, stored, position, KRNField::Position)) return false;
+        if (!BetweenNeighbours(row, stage, position)) {
+            RestoreNumber(id, stored);
+            return false;
+        }
+    } else {
+        const bool read = row.limit ? ReadNumberFieldInRange(id, stored, position, KRNField::Position, 0.0,
+                                                             row.limit(m_MachineData) * row.unit)
+                                    : ReadNumberField(id, stored, position, KRNField::Position);
+        if (!read) return false;
+    }
     position /= row.unit;
     const CKRNMachineData before = m_MachineData;
     for (KRNMACHINEITEM profile : {row.profile, MI_P_PROFILE}) {

@@ -52,6 +52,8 @@ private:
     void OnFieldChanged(const KRNStageFields& row, int stage);
     bool EditLevel(const KRNStageFields& row, int stage);
     bool EditPosition(const KRNStageFields& row, int stage);
+    // The neighbour rule of KRNStageRules::positionSpacing; tells the user on refusal.
+    bool BetweenNeighbours(const KRNStageFields& row, int stage, double position);
     // The point a field shows: a position field may show the next stage's.
     int ShownPoint(const KRNStageFields& row, int stage) const;
 

@@ -1,14 +1,35 @@
 #include "KRNClockText.h"
 
+#include "CKRNDialog.h"
+
 #include "KRNNumberText.h"
 
-QString KRNClockText(const std::tm* t) {
-    if (!t) return KRNFormat("%d/%d/%d %d:%d:%d", 0, 0, 0, -1, -1, -1);
-    return KRNFormat("%d/%d/%d %d:%d:%d", t->tm_year + 1900, t->tm_mon + 1, t->tm_mday, t->tm_hour, t->tm_min,
-                     t->tm_sec);
+namespace {
+// The formats are the panels' own constants, each six whole numbers.
+QString SixNumbers(const char* format, int a, int b, int c, int d, int e, int f) {
+#if defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+#endif
+    return KRNFormat(format, a, b, c, d, e, f);
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif
+}
+}  // namespace
+
+QString KRNClockText(const std::tm* t, const char* format) {
+    if (!t) return SixNumbers(format, 0, 0, 0, -1, -1, -1);
+    return SixNumbers(format, t->tm_year + 1900, t->tm_mon + 1, t->tm_mday, t->tm_hour, t->tm_min, t->tm_sec);
 }
 
-QString KRNClockTextNow() {
+void KRNClock::Refresh(CKRNDialog& dialog) const {
+    if (!controlId) return;
+    const QString now = KRNClockTextNow(format);
+    if (dialog.GetDlgItemText(controlId) != now) dialog.SetDlgItemText(controlId, now);
+}
+
+QString KRNClockTextNow(const char* format) {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
 #if defined(_WIN32)
@@ -16,5 +37,5 @@ QString KRNClockTextNow() {
 #else
     const bool ok = now != static_cast<std::time_t>(-1) && localtime_r(&now, &local) != nullptr;
 #endif
-    return KRNClockText(ok ? &local : nullptr);
+    return KRNClockText(ok ? &local : nullptr, format);
 }

@@ -6,8 +6,23 @@
 
 #include <ctime>
 
-// The text for a local time; without one (the clock could not be read) the
+class CKRNDialog;
+
+// The screens' usual clock: year/month/day hour:minute:second.
+inline constexpr const char* kKRNClockFormat = "%d/%d/%d %d:%d:%d";
+
+// The text for a local time with `format` (six whole numbers: year, month,
+// day, hour, minute, second); without one (the clock could not be read) the
 // date parts read 0 and the time parts -1.
-QString KRNClockText(const std::tm* localTime);
+QString KRNClockText(const std::tm* localTime, const char* format = kKRNClockFormat);
 // The text for now.
-QString KRNClockTextNow();
+QString KRNClockTextNow(const char* format = kKRNClockFormat);
+
+// A clock a page or frame shows in one of its controls, written anew from its
+// message filter on every message (the screens have no timer for it).
+struct KRNClock {
+    int controlId = 0;  // 0: no clock
+    const char* format = kKRNClockFormat;
+
+    void Refresh(CKRNDialog& dialog) const;
+};

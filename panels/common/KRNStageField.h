@@ -44,4 +44,10 @@ struct KRNStageRules {
     // A position moves the pressure profile's stage too: speed and pressure
     // stages share their switching positions.
     bool positionsMovePressure = false;
+    // Above 0: positions fall from stage to stage. A position must lie between
+    // the next stage's (below) and the one before's (above; for the first
+    // stage the row's limit), at least this far from both, or it is refused
+    // with 353 and those two limits. A 0 typed where the next stage is at 0
+    // too passes: the stages from there on are unused.
+    double positionSpacing = 0.0;
 };
