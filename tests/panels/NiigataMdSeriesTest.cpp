@@ -43,27 +43,6 @@ Session OpenNiigata(const CKRNMachineData& record, const std::function<void()>& 
 // 200 cm3/s through a 40 mm screw: 159.1551 mm/s.
 double TopSpeed() { return 200.0 * 10.0 / (4.0 * 4.0 * 3.14159 * 0.25); }
 
-// The screw's travel over the flow-rate profile in seconds, stages of no
-// flow skipped (the stroke-time rule in its mode 1), for records without
-// injection volumes (the stroke runs to its end).
-double StrokeTime(const CKRNMachineData& r) {
-    const double d = r.GetMachine(MC_SCREW_DIAMETER), rate = r.GetMachine(MC_MAX_INJECTION_RATE);
-    const double stroke = KRNItem(r, MI_MAX_RAM_POSITION), area = d * 0.0007853975 * d;
-    const KRNPointList fp = KRNProfile(r, MI_FP_PROFILE);
-    double total = 0.0;
-    for (std::size_t i = 0; i + 1 < fp.size(); ++i) {
-        const auto [x0, y0] = fp[i];
-        const auto [x1, y1] = fp[i + 1];
-        double s1 = stroke * x1 * 0.01;
-        if (x1 != 0.0 && y1 == 0.0) s1 = 0.0;
-        if (x0 != 0.0 && y0 == 0.0) continue;
-        double flow = rate * 0.01 * y0;
-        if (flow < 0.001) flow = 0.01;
-        total += std::fabs((stroke * x0 * 0.01 - s1) * area / flow);
-    }
-    return std::max(total, 0.1);
-}
-
 std::string Fixed6(double value) {
     std::ostringstream out;
     out.imbue(std::locale::classic());
@@ -154,12 +133,12 @@ TEST(NiigataMdSeries, ASpeedEditShowsTheStrokeTimeAsTheInjectionTime) {
         CKRNMachineData expected = KRN40mmRecord();
         KRNSetProfile(expected, MI_FP_PROFILE,
                       {{100, 40}, {85, 100.0 / TopSpeed() * 100.0}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
-        EXPECT_EQ(Text(kInjectionTime), Fixed6(StrokeTime(expected)));
+        EXPECT_EQ(Text(kInjectionTime), Fixed6(KRNExpectedStrokeTime(expected, 1)));
         OK();
     });
     CKRNMachineData expected = KRN40mmRecord();
     KRNSetProfile(expected, MI_FP_PROFILE, {{100, 40}, {85, 100.0 / TopSpeed() * 100.0}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
-    EXPECT_NEAR(KRNItem(s.record, MI_INJECTION_TIME), StrokeTime(expected), 1e-6);
+    EXPECT_NEAR(KRNItem(s.record, MI_INJECTION_TIME), KRNExpectedStrokeTime(expected, 1), 1e-6);
     EXPECT_TRUE(s.messages.empty());
 }
 

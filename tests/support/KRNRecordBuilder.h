@@ -55,3 +55,9 @@ inline CKRNMachineData KRN40mmRecord() {
 
 // True when no double of the record is NaN or infinite.
 bool KRNAllFinite(const CKRNMachineData& r);
+
+// The seconds the screw needs over the flow-rate profile, worked out afresh
+// from the stroke-time rule (mode 1 skips stages of no flow), so that tests
+// check the module against the rule rather than against itself. Unlike the
+// record's own calculation it never repairs a screw diameter of 0.
+double KRNExpectedStrokeTime(const CKRNMachineData& r, int mode);
