@@ -2,6 +2,7 @@
 
 #include "CMachineDialogHolder.h"
 #include "common/KRNPanelEntry.h"
+#include "clf_series/CMACHINE_CLF_SERIES_DLG.h"
 #include "fanuc_s2000i/CMACHINE_FANUC_S2000I_DLG.h"
 #include "jsw_syscom3000/CMACHINE_JSW_SYSCOM3000_DLG.h"
 #include "mitsubishi_electric/CMACHINE_MITSUBISHI_DLG.h"
@@ -34,6 +35,7 @@ constexpr std::array<KRNControllerName, 18> kControllers{{
 }};
 
 const KRNPanelEntry kPanels[] = {
+    {7, &KRNRunModalPanel<CMACHINE_CLF_SERIES_DLG>, nullptr},
     {8, &KRNRunModalPanel<CMACHINE_JSW_SYSCOM3000_DLG>, nullptr},
     {9, &KRNRunModalPanel<CMACHINE_NIIGATA_MDSERIES_DLG>, nullptr},
     {11, &KRNRunModalPanel<CMACHINE_FANUC_S2000I_DLG>, &KRNCreateHostedPanel<CMACHINE_FANUC_S2000I_DLG>},

@@ -22,11 +22,21 @@ CKRNDialog* TopDialog() {
     return top;
 }
 
-QWidget* VisibleControl(QWidget* dialog, int id) {
+QWidget* VisibleControl(QWidget* dialog, int id, Want want) {
     if (!dialog) return nullptr;
     const QString name = KRNControlName(id);
+    auto fits = [&](QWidget* w) {
+        if (!w->isVisibleTo(dialog)) return false;
+        if (want == Want::Button) return qobject_cast<QAbstractButton*>(w) != nullptr;
+        if (want == Want::Edit) return qobject_cast<QLineEdit*>(w) != nullptr;
+        return true;
+    };
+    if (auto* stack = dialog->findChild<QStackedWidget*>(QStringLiteral("KRNPages")))
+        if (QWidget* page = stack->currentWidget())
+            for (QWidget* w : page->findChildren<QWidget*>(name))
+                if (fits(w)) return w;
     for (QWidget* w : dialog->findChildren<QWidget*>(name))
-        if (w->isVisibleTo(dialog)) return w;
+        if (fits(w)) return w;
     return nullptr;
 }
 

@@ -18,9 +18,13 @@ namespace KRNDriver {
 // else the last visible panel window; null when none is open.
 CKRNDialog* TopDialog();
 
-// The visible control `id` of `dialog` (on the page now shown, or the
-// dialog's own); null when there is none.
-QWidget* VisibleControl(QWidget* dialog, int id);
+// What an action needs of a control: some screens use one number twice, for
+// a key of the frame and a field of a page.
+enum class Want { Any, Button, Edit };
+
+// The visible control `id` of `dialog` that fits `want`: looked up on the
+// page now shown first, then on the dialog itself; null when there is none.
+QWidget* VisibleControl(QWidget* dialog, int id, Want want = Want::Any);
 
 // The text a person sees in a control.
 QString Text(QWidget* control);

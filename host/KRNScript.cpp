@@ -154,7 +154,11 @@ void KRNScript::Execute(const Action& a) {
 
     int id = 0;
     ParseId(a.id, id);
-    QWidget* control = KRNDriver::VisibleControl(top, id);
+    // A button for a click, an edit for typing, any control to read or leave.
+    const KRNDriver::Want want = a.verb == QLatin1String("click")                                  ? KRNDriver::Want::Button
+                                 : a.verb == QLatin1String("type") || a.verb == QLatin1String("keys") ? KRNDriver::Want::Edit
+                                                                                                      : KRNDriver::Want::Any;
+    QWidget* control = KRNDriver::VisibleControl(top, id, want);
     if (!control) return Fail(2, where + QStringLiteral("no visible control %1 on the open dialog").arg(a.id));
     if (a.verb == QLatin1String("type")) KRNDriver::Type(control, a.text);
     else if (a.verb == QLatin1String("keys")) KRNDriver::Keys(control, a.text);

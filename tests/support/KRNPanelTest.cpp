@@ -6,9 +6,9 @@
 
 namespace KRNTest {
 
-QWidget* Field(int id) {
+QWidget* Field(int id, KRNDriver::Want want) {
     CKRNDialog* top = KRNDriver::TopDialog();
-    QWidget* w = KRNDriver::VisibleControl(top, id);
+    QWidget* w = KRNDriver::VisibleControl(top, id, want);
     EXPECT_NE(w, nullptr) << "no visible control " << id << " on template " << (top ? top->TemplateId() : 0);
     return w;
 }
@@ -20,10 +20,10 @@ bool Enabled(int id) {
     return w && w->isEnabled();
 }
 
-void Type(int id, const QString& text) { KRNDriver::Type(Field(id), text); }
-void Keys(int id, const QString& text) { KRNDriver::Keys(Field(id), text); }
+void Type(int id, const QString& text) { KRNDriver::Type(Field(id, KRNDriver::Want::Edit), text); }
+void Keys(int id, const QString& text) { KRNDriver::Keys(Field(id, KRNDriver::Want::Edit), text); }
 void Leave(int id) { KRNDriver::Leave(Field(id)); }
-void Click(int id) { KRNDriver::Click(Field(id)); }
+void Click(int id) { KRNDriver::Click(Field(id, KRNDriver::Want::Button)); }
 void PressKey(int qtKey) { KRNDriver::PressKey(KRNDriver::TopDialog(), qtKey); }
 
 void OK() {

@@ -16,8 +16,9 @@ class CKRNDialog;
 
 namespace KRNTest {
 
-// The field `id` of the topmost panel dialog; fails the test when absent.
-QWidget* Field(int id);
+// The visible control `id` of the topmost panel dialog that fits `want`
+// (the shown page first, then its frame); fails the test when absent.
+QWidget* Field(int id, KRNDriver::Want want = KRNDriver::Want::Any);
 // Its text, blanks at both ends removed.
 std::string Text(int id);
 bool Enabled(int id);

@@ -1,0 +1,179 @@
+// The CLF series panel as a process engineer uses it: percentages, positions
+// that fall from stage to stage, and the running total time.
+
+#include "KRNPanelTest.h"
+#include "KRNProMachineInterface.h"
+#include "KRNRecordBuilder.h"
+#include "clf_series/CMACHINE_CLF_SERIES_DLG.h"
+#include "clf_series/ClfSeriesIds.h"
+
+#include <gtest/gtest.h>
+
+#include <iomanip>
+#include <locale>
+#include <sstream>
+
+using namespace KRNTest;
+
+namespace {
+
+constexpr int kKeyMain = 1330, kKeyInjection = 1336, kKeyFullDataSet = 1332, kKeyTemperature = 1335, kKeyCurve = 1342;
+constexpr int kSpeed[6] = {1375, 1372, 1369, 1366, 1363, 1360};
+constexpr int kPressure[6] = {1374, 1371, 1368, 1365, 1362, 1359};
+constexpr int kPosition[6] = {2127, 1383, 1382, 1381, 1380, 1379};
+constexpr int kHoldPressure[3] = {1356, 1353, 1349};
+constexpr int kHoldTime[3] = {1358, 1355, 1351};
+constexpr int kCooling = 1364, kVP = 1378, kSuckBack = 1399, kCoolingShown = 1424, kVPShown = 1413;
+
+struct Session {
+    int result = 0;
+    CKRNMachineData record;
+    std::vector<std::string> messages;
+};
+
+Session OpenClf(const CKRNMachineData& record, const std::function<void()>& steps) {
+    KRNMessageCapture messages;
+    CMACHINE_CLF_SERIES_DLG frame(record);
+    Session s;
+    WhileOpen([&] { s.result = frame.DoModal(); }, steps);
+    s.record = frame.GetMachineData();
+    s.messages = messages.Texts();
+    return s;
+}
+
+std::string Fixed6(double value) {
+    std::ostringstream out;
+    out.imbue(std::locale::classic());
+    out << std::fixed << std::setprecision(6) << value;
+    return out.str();
+}
+
+}  // namespace
+
+TEST(ClfSeries, OpensOnTheMainScreenWithTheClockLine) {
+    CKRNMachineData r = KRN40mmRecord();
+    r.SetMachineData(MI_INJECTION_TIME, 1.25);
+    OpenClf(r, [] {
+        EXPECT_EQ(Text(1334), "260.00");
+        EXPECT_EQ(Text(1446), "1.25s");
+        EXPECT_EQ(Text(1450), "15.00s");
+        EXPECT_EQ(Text(1452), "18 mm");
+        // "2024/3/7<tab>9-5-2": a tab between date and time, dashes in the time.
+        const std::string clock = Text(ClfSeries::IDC_CLOCK);
+        EXPECT_NE(clock.find('\t'), std::string::npos) << clock;
+        EXPECT_EQ(std::count(clock.begin(), clock.end(), '-'), 2) << clock;
+        OK();
+    });
+}
+
+TEST(ClfSeries, PercentagesUpToAHundred) {
+    const CKRNMachineData r = KRN40mmRecord();
+    Session s = OpenClf(r, [] {
+        Click(kKeyInjection);
+        EXPECT_EQ(Text(kSpeed[0]), "40.00");
+        EXPECT_EQ(Text(kPosition[1]), "102.00");
+        EXPECT_EQ(Text(kHoldPressure[0]), "60.00");
+        Type(kSpeed[1], "100");
+        Type(kPressure[0], "100.01");
+        EXPECT_EQ(Text(kPressure[0]), "70.00");
+        Click(kKeyFullDataSet);  // the full data set takes the same checks
+        Type(ClfSeries::kFullSpeed[0], "100.01");
+        OK();
+    });
+    ASSERT_EQ(s.messages.size(), 2u);
+    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 100.00.");
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[1], (std::pair<double, double>(85.0, 100.0)));
+    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), KRNProfile(r, MI_P_PROFILE));
+}
+
+TEST(ClfSeries, PositionsFallFromStageToStageAndAreTakenOnLeaving) {
+    Session s = OpenClf(KRN40mmRecord(), [] {
+        Click(kKeyInjection);
+        // Stage 3 lies between stage 2 at 102 mm and stage 4 at 42 mm.
+        Keys(kPosition[2], "42");  // no check while typing
+        Leave(kPosition[2]);
+        EXPECT_EQ(Text(kPosition[2]), "72.00");
+        Type(kPosition[2], "110");
+        Leave(kPosition[2]);
+        Type(kPosition[2], "42.001");
+        Leave(kPosition[2]);
+        // The first stage is held by the machine's stroke of 180 mm.
+        Type(kPosition[0], "181");
+        Leave(kPosition[0]);
+        // The last stage in use and the one after it may both be cleared.
+        Type(kPosition[4], "0");
+        Leave(kPosition[4]);
+        OK();
+    });
+    ASSERT_EQ(s.messages.size(), 3u);
+    EXPECT_EQ(s.messages[0], "Please enter a value not above 102.00 and not below 42.00.");
+    EXPECT_EQ(s.messages[1], "Please enter a value not above 102.00 and not below 42.00.");
+    EXPECT_EQ(s.messages[2], "Please enter a value not above 180.00 and not below 102.00.");
+    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
+    const KRNPointList p = KRNProfile(s.record, MI_P_PROFILE);
+    // 42.001 mm of 120 mm, on both stroke profiles; the cleared stage is gone after OK.
+    EXPECT_NEAR(fp[2].first, 42.001 / 120.0 * 100.0, 1e-9);
+    EXPECT_NEAR(p[2].first, 42.001 / 120.0 * 100.0, 1e-9);
+    EXPECT_EQ(fp.size(), 5u);
+}
+
+TEST(ClfSeries, TheTotalTimeFollowsSpeedsPositionsAndHoldTimes) {
+    OpenClf(KRN40mmRecord(), [] {
+        Click(kKeyInjection);
+        CKRNMachineData expected = KRN40mmRecord();
+        // Hold stages of 1.5, 3 and 1.5 s.
+        EXPECT_EQ(Text(ClfSeries::IDC_TOTAL_TIME), Fixed6(KRNExpectedStrokeTime(expected, 0) + 6.0));
+        Type(kHoldTime[0], "2.5");
+        EXPECT_EQ(Text(ClfSeries::IDC_TOTAL_TIME), Fixed6(KRNExpectedStrokeTime(expected, 0) + 7.0));
+        Type(kSpeed[0], "80");
+        KRNSetProfile(expected, MI_FP_PROFILE, {{100, 80}, {85, 70}, {60, 90}, {35, 60}, {15, 35}, {0, 0}, {0, 0}});
+        EXPECT_EQ(Text(ClfSeries::IDC_TOTAL_TIME), Fixed6(KRNExpectedStrokeTime(expected, 0) + 7.0));
+        OK();
+    });
+}
+
+TEST(ClfSeries, PlainFieldsAndTheirMirrors) {
+    Session s = OpenClf(KRN40mmRecord(), [] {
+        Click(kKeyInjection);
+        EXPECT_EQ(Text(kCoolingShown), "15 s");
+        Type(kCooling, "12.5");
+        EXPECT_EQ(Text(kCoolingShown), "12.5 s");
+        Type(kVP, "20");
+        EXPECT_EQ(Text(kVPShown), "20 mm");
+        Type(kSuckBack, "4");
+        Click(kKeyTemperature);
+        Type(ClfSeries::IDC_MELT_TEMPERATURE, "245.5");
+        for (int id : ClfSeries::kMeltMirrors) EXPECT_EQ(Text(id), "245.5");
+        Click(kKeyCurve);
+        Click(kKeyMain);
+        EXPECT_EQ(Text(1334), "245.50");
+        OK();
+    });
+    EXPECT_EQ(KRNItem(s.record, MI_COOLING_TIME), 12.5);
+    EXPECT_EQ(KRNItem(s.record, MI_VP_RAM_POSITION), 20.0);
+    EXPECT_EQ(KRNItem(s.record, MI_SUCK_BACK_VALUE), 4.0);
+    EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 245.5);
+}
+
+TEST(ClfSeries, ReadOnlyCancelAndTheInterface) {
+    CKRNMachineData r = KRN40mmRecord();
+    r.SetMachineData(MI_READ_ONLY, true);
+    Session s = OpenClf(r, [] {
+        Click(kKeyInjection);
+        Type(kSpeed[0], "55");
+        Click(kKeyMain);
+        OK();
+    });
+    for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
+
+    CKRNProMachineInterface panels;
+    WhileOpen([&] { EXPECT_EQ(panels.KRNDoModal(KRN40mmRecord(), "CLF-Series"), 1); },
+              [] {
+                  Click(kKeyInjection);
+                  Type(kSpeed[0], "55");
+                  PressKey(Qt::Key_Return);  // neither key closes the panel
+                  PressKey(Qt::Key_Escape);
+                  Cancel();
+              });
+    EXPECT_FALSE(panels.IsOK());
+}
