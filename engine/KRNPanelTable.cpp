@@ -2,10 +2,12 @@
 
 #include "CMachineDialogHolder.h"
 #include "common/KRNPanelEntry.h"
+#include "chenhsong_cdc2000/CMACHINE_CHENSONG_CDC2000_DLG.h"
 #include "clf_series/CMACHINE_CLF_SERIES_DLG.h"
 #include "fanuc_s2000i/CMACHINE_FANUC_S2000I_DLG.h"
 #include "jsw_syscom3000/CMACHINE_JSW_SYSCOM3000_DLG.h"
 #include "mitsubishi_electric/CMACHINE_MITSUBISHI_DLG.h"
+#include "mitsubishi_hydraulic/CMACHINE_MITSU_DLG.h"
 #include "niigata_mdseries/CMACHINE_NIIGATA_MDSERIES_DLG.h"
 
 #include <array>
@@ -40,6 +42,8 @@ const KRNPanelEntry kPanels[] = {
     {9, &KRNRunModalPanel<CMACHINE_NIIGATA_MDSERIES_DLG>, nullptr},
     {11, &KRNRunModalPanel<CMACHINE_FANUC_S2000I_DLG>, &KRNCreateHostedPanel<CMACHINE_FANUC_S2000I_DLG>},
     {13, &KRNRunModalPanel<CMACHINE_MITSUBISHI_DLG>, nullptr},
+    {14, &KRNRunModalPanel<CMACHINE_MITSU_DLG>, nullptr},
+    {16, &KRNRunModalPanel<CMACHINE_CHENSONG_CDC2000_DLG>, nullptr},
 };
 }  // namespace
 

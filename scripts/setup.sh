@@ -3,7 +3,8 @@
 set -euo pipefail
 packages=(cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-tools-dev-tools
           libgl-dev libgtest-dev libbenchmark-dev locales fonts-dejavu-core ccache
-          clang libclang-rt-dev)  # clang and its libFuzzer and sanitizer runtimes, for fuzz/
+          clang libclang-rt-dev  # clang and its libFuzzer and sanitizer runtimes, for fuzz/
+          fonts-wqy-microhei)    # CJK glyphs for the zh-TW captions the bitmap generator draws
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -15,13 +15,23 @@ QStyle* PanelStyle() {
     static QStyle* style = QStyleFactory::create(QStringLiteral("Fusion"));
     return style;
 }
+
+QHash<QString, CKRNFormLoader::Factory>& PanelClasses() {
+    static QHash<QString, CKRNFormLoader::Factory> classes;
+    return classes;
+}
 }  // namespace
+
+void CKRNFormLoader::RegisterControlClass(const QString& className, Factory make) {
+    PanelClasses().insert(className, make);
+}
 
 QWidget* CKRNFormLoader::createWidget(const QString& className, QWidget* parent, const QString& name) {
     QWidget* w = nullptr;
     if (className == QLatin1String("CKRNColorButton")) w = new CKRNColorButton(parent);
     else if (className == QLatin1String("CKRNDrawStatic")) w = new CKRNDrawStatic(parent);
     else if (className == QLatin1String("CNonNagtiveDigitEdit")) w = new CNonNagtiveDigitEdit(parent);
+    else if (Factory make = PanelClasses().value(className)) w = make(parent);
     else w = QUiLoader::createWidget(className, parent, name);
     if (!w) return nullptr;
     w->setObjectName(name);

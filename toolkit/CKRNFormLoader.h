@@ -18,6 +18,11 @@ public:
     using QUiLoader::QUiLoader;
     QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override;
 
+    // A control class of one panel only, made for the forms that name it; the
+    // panel registers it before its template loads (registering again is harmless).
+    using Factory = QWidget* (*)(QWidget* parent);
+    static void RegisterControlClass(const QString& className, Factory make);
+
     // Applies the krnPalette of `widget`, if it has one.
     static void ApplyPalette(QWidget* widget);
 };

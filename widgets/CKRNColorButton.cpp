@@ -7,8 +7,9 @@
 namespace {
 const QColor kLight(247, 246, 248);
 const QColor kDark(44, 39, 47);
+}  // namespace
 
-void Draw3dRect(QPainter& p, const QRect& r, const QColor& topLeft, const QColor& bottomRight) {
+void KRNDraw3dRect(QPainter& p, const QRect& r, const QColor& topLeft, const QColor& bottomRight) {
     p.setPen(topLeft);
     p.drawLine(r.left(), r.top(), r.right() - 1, r.top());
     p.drawLine(r.left(), r.top(), r.left(), r.bottom() - 1);
@@ -17,12 +18,11 @@ void Draw3dRect(QPainter& p, const QRect& r, const QColor& topLeft, const QColor
     p.drawLine(r.left(), r.bottom(), r.right(), r.bottom());
 }
 
-void Frame(QPainter& p, const QRect& r, const QColor& c) {
+void KRNFrameRect(QPainter& p, const QRect& r, const QColor& c) {
     p.setPen(c);
     p.setBrush(Qt::NoBrush);
     p.drawRect(r.adjusted(0, 0, -1, -1));
 }
-}  // namespace
 
 void CKRNColorButton::paintEvent(QPaintEvent*) {
     QPainter p(this);
@@ -37,15 +37,15 @@ void CKRNColorButton::paintEvent(QPaintEvent*) {
 
     if (down) {
         p.fillRect(r, KRNColorRef(m_crPressed));
-        Draw3dRect(p, r, kLight, kDark);
+        KRNDraw3dRect(p, r, kLight, kDark);
         drawText();
         // Held down: framed in the inverse of the resting colour.
-        Frame(p, r, KRNColorRef(~m_crNormal & 0xFFFFFFu));
+        KRNFrameRect(p, r, KRNColorRef(~m_crNormal & 0xFFFFFFu));
     } else {
         p.fillRect(r, normal);
         drawText();
-        Draw3dRect(p, r, kDark, kLight);
-        if (m_bWasDown) Frame(p, r, normal);  // just released
+        KRNDraw3dRect(p, r, kDark, kLight);
+        if (m_bWasDown) KRNFrameRect(p, r, normal);  // just released
     }
     m_bWasDown = down;
 }

@@ -8,6 +8,16 @@
 
 #include <cstdint>
 
+class QPainter;
+class QRect;
+class QColor;
+
+// The keys' 3-D edge: `topLeft` on the top and left, `bottomRight` on the
+// bottom and right (raised with the light colour first, sunken the other way).
+void KRNDraw3dRect(QPainter& p, const QRect& r, const QColor& topLeft, const QColor& bottomRight);
+// A one-pixel frame just inside `r`.
+void KRNFrameRect(QPainter& p, const QRect& r, const QColor& c);
+
 class CKRNColorButton : public QPushButton {
     Q_OBJECT
 public:

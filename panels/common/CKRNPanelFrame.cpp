@@ -62,8 +62,8 @@ void CKRNPanelFrame::GoToPage(int index) {
     ShowPage(index);
 }
 
-void CKRNPanelFrame::CommitShownPage() {
-    if (m_MachineData.IsReadOnly()) return;
+void CKRNPanelFrame::CommitShownPage(bool evenIfReadOnly) {
+    if (m_MachineData.IsReadOnly() && !evenIfReadOnly) return;
     if (CKRNPanelPage* page = Page(m_nShownPage)) {
         page->ToRecordForm();
         m_MachineData = page->m_MachineData;
@@ -84,7 +84,7 @@ void CKRNPanelFrame::DistributeRecord() {
 }
 
 void CKRNPanelFrame::OnOK() {
-    CommitShownPage();
+    CommitShownPage(m_bOKCommitsReadOnly);
     TidyAtOK();
     if (m_bHosted) {
         if (m_pHost) m_pHost->SetHasUpdate(true);

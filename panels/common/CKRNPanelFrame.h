@@ -24,6 +24,10 @@ public:
 
     CKRNMachineData GetMachineData() const { return m_MachineData; }
 
+    // True on screens whose OK takes the shown page even from a read-only
+    // record (leaving a page never does there either).
+    bool OKCommitsReadOnly() const { return m_bOKCommitsReadOnly; }
+
     // Hosted use: OK then tells `host` (SetHasUpdate) and closes the window.
     void SetHost(CKRNProMachineInterface* host);
     bool IsHosted() const { return m_bHosted; }
@@ -55,9 +59,12 @@ protected:
 
     // Shows page `index` without committing anything.
     void ShowPage(int index);
-    // Takes the shown page's record into the frame (unless read-only) and
-    // hands the frame's record to every page again.
-    void CommitShownPage();
+    // Takes the shown page's record into the frame (unless read-only, or
+    // `evenIfReadOnly`) and hands the frame's record to every page again.
+    void CommitShownPage(bool evenIfReadOnly = false);
+    // Screens whose OK takes the shown page even from a read-only record:
+    // there only leaving a page is held back.
+    bool m_bOKCommitsReadOnly = false;
     // Copies the frame's record into every page, converts it to page form and
     // runs each page's initialisation again.
     void DistributeRecord();

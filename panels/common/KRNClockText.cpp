@@ -29,13 +29,28 @@ void KRNClock::Refresh(CKRNDialog& dialog) const {
     if (dialog.GetDlgItemText(controlId) != now) dialog.SetDlgItemText(controlId, now);
 }
 
-QString KRNClockTextNow(const char* format) {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
+namespace {
+KRNTimeSource g_TimeSource = nullptr;
+}  // namespace
+
+KRNTimeSource KRNSetTimeSource(KRNTimeSource source) {
+    const KRNTimeSource previous = g_TimeSource;
+    g_TimeSource = source;
+    return previous;
+}
+
+bool KRNLocalTimeNow(std::tm& local) {
+    const std::time_t now = g_TimeSource ? g_TimeSource() : std::time(nullptr);
+    if (now == static_cast<std::time_t>(-1)) return false;
 #if defined(_WIN32)
-    const bool ok = now != static_cast<std::time_t>(-1) && localtime_s(&local, &now) == 0;
+    return localtime_s(&local, &now) == 0;
 #else
-    const bool ok = now != static_cast<std::time_t>(-1) && localtime_r(&now, &local) != nullptr;
+    return localtime_r(&now, &local) != nullptr;
 #endif
+}
+
+QString KRNClockTextNow(const char* format) {
+    std::tm local{};
+    const bool ok = KRNLocalTimeNow(local);
     return KRNClockText(ok ? &local : nullptr, format);
 }

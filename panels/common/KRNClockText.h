@@ -18,6 +18,14 @@ QString KRNClockText(const std::tm* localTime, const char* format = kKRNClockFor
 // The text for now.
 QString KRNClockTextNow(const char* format = kKRNClockFormat);
 
+// Where the clocks read the time: the system clock, or a fixed source that a
+// test or a demonstration sets. Gives the source it replaces; null restores
+// the system clock.
+using KRNTimeSource = std::time_t (*)();
+KRNTimeSource KRNSetTimeSource(KRNTimeSource source);
+// The local time now, from the time source; false when it can't be read.
+bool KRNLocalTimeNow(std::tm& local);
+
 // A clock a page or frame shows in one of its controls, written anew from its
 // message filter on every message (the screens have no timer for it).
 struct KRNClock {

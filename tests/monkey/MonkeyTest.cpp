@@ -1,8 +1,9 @@
 // Random sessions on every panel of the controller table, opened the way a
 // host opens them. Whatever a person does at the screen, the host must get
 // back a record it can use: after Cancel nothing is written back, after OK
-// every number of the record is finite, and a read-only record comes back as
-// it went in. A panel joins the walk by joining the table.
+// every number of the record is finite, and a read-only record is never
+// changed by leaving pages (nor by OK, except on screens whose OK takes the
+// shown page whatever the flag). A panel joins the walk by joining the table.
 //
 // The walk is seeded, so CI sees the same sessions every run:
 //   KRN_MONKEY_SEED=n      another walk (decimal or 0x hex)
@@ -14,6 +15,7 @@
 #include "KRNMonkey.h"
 
 #include "CKRNDialog.h"
+#include "common/CKRNPanelFrame.h"
 #include "KRNMessageCapture.h"
 #include "KRNPanelDriver.h"
 #include "KRNPanelTable.h"
@@ -24,6 +26,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPointer>
 
 #include <gtest/gtest.h>
 
@@ -272,13 +275,22 @@ Result RunSession(const Session& s) {
     std::int64_t known = -1;
     bool opened = false;
     bool endedWithOK = false;
+    std::string navigated;     // what leaving pages changed in a read-only record
+    bool okMayCommit = false;  // the screen's OK takes the shown page even then
     alarm(kSessionSeconds);
     KRNDriver::RunWhileOpen(
         [&] {
             CKRNDialog* panel = KRNDriver::TopDialog();
             if (!panel) return;
             opened = true;
+            // A read-only record is never taken from a page the user leaves.
+            QPointer<CKRNPanelFrame> frame = qobject_cast<CKRNPanelFrame*>(panel);
+            const CKRNMachineData atOpen = frame ? frame->GetMachineData() : CKRNMachineData();
             monkey.Walk(panel, 4 + monkey.Dice().Below(37));
+            if (sent.IsReadOnly() && frame) {
+                navigated = Differences(atOpen, frame->GetMachineData());
+                okMayCommit = frame->OKCommitsReadOnly();
+            }
             if (monkey.Problems().empty()) endedWithOK = monkey.Finish();
         },
         [&] { known = panels.KRNDoModal(sent, s.panel->name); });
@@ -302,7 +314,8 @@ Result RunSession(const Session& s) {
     if (!endedWithOK) r.problems.push_back("the interface reports OK after Cancel");
     if (const std::string bad = NonFinite(back); !bad.empty())
         r.problems.push_back("the record came back with values that are no finite number: " + bad);
-    if (sent.IsReadOnly())
+    if (!navigated.empty()) r.problems.push_back("leaving pages changed a read-only record: " + navigated);
+    if (sent.IsReadOnly() && !okMayCommit)
         if (const std::string d = Differences(sent, back); !d.empty())
             r.problems.push_back("a read-only record changed: " + d);
     return r;
