@@ -9,6 +9,7 @@
 #include "mitsubishi_electric/CMACHINE_MITSUBISHI_DLG.h"
 #include "mitsubishi_hydraulic/CMACHINE_MITSU_DLG.h"
 #include "niigata_mdseries/CMACHINE_NIIGATA_MDSERIES_DLG.h"
+#include "polypax_series/CMACHINE_POLYPAX_SERIES_DLG.h"
 
 #include <array>
 
@@ -40,6 +41,7 @@ const KRNPanelEntry kPanels[] = {
     {7, &KRNRunModalPanel<CMACHINE_CLF_SERIES_DLG>, nullptr},
     {8, &KRNRunModalPanel<CMACHINE_JSW_SYSCOM3000_DLG>, nullptr},
     {9, &KRNRunModalPanel<CMACHINE_NIIGATA_MDSERIES_DLG>, nullptr},
+    {10, &KRNRunModalPanel<CMACHINE_POLYPAX_SERIES_DLG>, &KRNCreateHostedPanel<CMACHINE_POLYPAX_SERIES_DLG>},
     {11, &KRNRunModalPanel<CMACHINE_FANUC_S2000I_DLG>, &KRNCreateHostedPanel<CMACHINE_FANUC_S2000I_DLG>},
     {13, &KRNRunModalPanel<CMACHINE_MITSUBISHI_DLG>, nullptr},
     {14, &KRNRunModalPanel<CMACHINE_MITSU_DLG>, nullptr},

@@ -2,6 +2,7 @@
 
 #include "KRNMachineScales.h"
 #include "KRNMessageBox.h"
+#include "KRNNumberText.h"
 #include "KRNStageRoutines.h"
 
 #include <climits>
@@ -88,6 +89,10 @@ bool CKRNStagePage::StoreStrokePoint(KRNMACHINEITEM profile, int stage, double p
 // ---- edits -------------------------------------------------------------------
 
 void CKRNStagePage::OnFieldChanged(const KRNStageFields& row, int stage) {
+    if (!CheckBeforeNumberTest(row, stage)) {
+        m_bErrorPending = true;
+        return;
+    }
     bool stored = false;
     if (row.kind == KRNField::Time) {
         stored = EditStageTime(row.ids[static_cast<std::size_t>(stage)], row.profile, stage);
@@ -171,4 +176,35 @@ bool CKRNStagePage::EditPosition(const KRNStageFields& row, int stage) {
         }
     }
     return true;
+}
+
+// ---- read-back -------------------------------------------------------------
+
+void CKRNStagePage::ReadBackStages() {
+    for (const KRNStageFields& row : m_Table) {
+        const int count = m_MachineData.GetProfileDataCount(row.profile);
+        for (std::size_t k = 0; k < row.ids.size() && static_cast<int>(k) < count; ++k) {
+            const int stage = static_cast<int>(k);
+            const double typed = KRNAtof(GetDlgItemText(row.ids[k])) / row.unit;
+            double x = 0, y = 0;
+            m_MachineData.GetProfileData(row.profile, stage, x, y);
+            if (row.kind == KRNField::Time) {
+                m_MachineData.SetMachineData(row.profile, stage, typed, y);
+            } else if (row.kind == KRNField::Position) {
+                for (KRNMACHINEITEM profile : {row.profile, MI_P_PROFILE}) {
+                    if (profile == MI_P_PROFILE && (profile == row.profile || !m_Rules.positionsMovePressure)) continue;
+                    if (stage >= m_MachineData.GetProfileDataCount(profile)) continue;
+                    m_MachineData.GetProfileData(profile, stage, x, y);
+                    StoreStrokePoint(profile, stage, typed, y, nullptr);
+                    if (row.tail) row.tail(m_MachineData, profile);
+                }
+                continue;
+            } else {
+                const double scale = row.fullScale ? row.fullScale(m_MachineData) : 100.0;
+                if (!KRNHasFullScale(scale)) continue;
+                m_MachineData.SetMachineData(row.profile, stage, x, typed / scale * 100.0);
+            }
+            if (row.tail) row.tail(m_MachineData, row.profile);
+        }
+    }
 }

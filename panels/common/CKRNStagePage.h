@@ -41,11 +41,28 @@ protected:
     // unchanged, when there is no stroke to take the position against.
     bool StoreStrokePoint(KRNMACHINEITEM profile, int stage, double position, double percent, KRNTail tail);
 
+    // Every stage field's text back into the page's record as atof reads it,
+    // without checks or messages (the fields hold what was accepted or
+    // restored), through the same point rules as an edit: levels at their
+    // stage's present position, positions moving their profiles. Stages the
+    // profile has no point for, and fields without a full scale behind them,
+    // leave the record as it is.
+    void ReadBackStages();
+
     // After an edit of stage `stage` of row `row` was stored (the page's
     // follow-up: a stroke time, a mirror).
     virtual void OnStageStored(const KRNStageFields& row, int stage) {
         (void)row;
         (void)stage;
+    }
+    // A screen's own check of an entry in stage `stage` of row `row` that
+    // comes before the number test (a first position that must lie above 0,
+    // read as the controller reads it). False: the page has told the user and
+    // shown the stored value again; nothing is stored and the error is pending.
+    virtual bool CheckBeforeNumberTest(const KRNStageFields& row, int stage) {
+        (void)row;
+        (void)stage;
+        return true;
     }
 
 private:

@@ -42,6 +42,11 @@ void HoldTail(Points& points) {
     if (points[n - 1].y != y) points[n - 1].y = y;
 }
 
+void HalveOrDropTail(Points& points) {
+    HoldTail(points);  // looks at the full stroke before it is halved
+    HalveFullStrokeStage(points);
+}
+
 namespace {
 // Applies a tail rule to the last two points of a record's profile only.
 template <class Rule>
@@ -60,6 +65,9 @@ void OnTail(CKRNMachineData& record, KRNMACHINEITEM profile, Rule rule) {
 void EndFlat(CKRNMachineData& record, KRNMACHINEITEM profile) { OnTail(record, profile, [](Points& p) { EndFlat(p); }); }
 void TailRule(CKRNMachineData& record, KRNMACHINEITEM profile) { OnTail(record, profile, [](Points& p) { TailRule(p); }); }
 void HoldTail(CKRNMachineData& record, KRNMACHINEITEM profile) { OnTail(record, profile, [](Points& p) { HoldTail(p); }); }
+void HalveOrDropTail(CKRNMachineData& record, KRNMACHINEITEM profile) {
+    OnTail(record, profile, [](Points& p) { HalveOrDropTail(p); });
+}
 
 namespace {
 // Inserts points before the last one and applies the tail rule; profiles of

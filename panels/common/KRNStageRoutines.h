@@ -31,10 +31,16 @@ void TailRule(Points& points);
 // After a hold stage was stored: the last point keeps the second-to-last y
 // only when that stage ends at 100; otherwise it drops to 0.
 void HoldTail(Points& points);
+// After a stroke stage was stored on screens whose last stage ends at no
+// speed or pressure: a stage ending at the full stroke (second-to-last x
+// exactly 100) is halved to 50 and the profile ends flat at its level;
+// otherwise the last point drops to 0.
+void HalveOrDropTail(Points& points);
 // The same rules applied to a profile of the record in place.
 void EndFlat(CKRNMachineData& record, KRNMACHINEITEM profile);
 void TailRule(CKRNMachineData& record, KRNMACHINEITEM profile);
 void HoldTail(CKRNMachineData& record, KRNMACHINEITEM profile);
+void HalveOrDropTail(CKRNMachineData& record, KRNMACHINEITEM profile);
 
 // ---- opening and closing a panel ---------------------------------------------
 

@@ -98,6 +98,22 @@ TEST(TailRules, FlatEndAndTheHoldAsymmetry) {
     EXPECT_EQ(full[1].y, 60.0);
 }
 
+
+// A stage ending at the full stroke is halved and the end takes its level;
+// any other stage lets the end drop to 0, on the record's last two points only.
+TEST(TailRules, HalveOrDropEndsFlatOnlyAfterAFullStrokeStage) {
+    CKRNMachineData r = With(MI_FP_PROFILE, {{100, 40}, {100, 70}, {0, 10}});
+    KRNStages::HalveOrDropTail(r, MI_FP_PROFILE);
+    ExpectProfile(r, MI_FP_PROFILE, {{100, 40}, {50, 70}, {0, 70}});
+
+    r = With(MI_FP_PROFILE, {{100, 40}, {60, 70}, {0, 70}});
+    KRNStages::HalveOrDropTail(r, MI_FP_PROFILE);
+    ExpectProfile(r, MI_FP_PROFILE, {{100, 40}, {60, 70}, {0, 0}});
+
+    r = With(MI_FP_PROFILE, {{100, 40}});  // no stage: nothing to do
+    KRNStages::HalveOrDropTail(r, MI_FP_PROFILE);
+    ExpectProfile(r, MI_FP_PROFILE, {{100, 40}});
+}
 TEST(HoldStages, ThreeStagesOfOneTwoOneSeconds) {
     // Page form: 1 s at 60 %, 2 s at 50 %, 1 s at 40 %, then the closing point.
     CKRNMachineData r = With(MI_PP_PROFILE, {{1, 60}, {2, 50}, {1, 40}, {0, 0}});
