@@ -2,6 +2,7 @@
 
 #include "CKRNChartVariants.h"
 #include "KRNNumberText.h"
+#include "common/KRNMachineScales.h"
 #include "common/KRNPageCharts.h"
 
 using namespace ClfSeries;
@@ -15,21 +16,20 @@ CClfStagePage::CClfStagePage(int templateId, const CKRNMachineData& data, QWidge
 bool CClfStagePage::OnInitDialog() {
     m_bErrorPending = false;
     ShowStages();
-    ShowTotalTime(true);
+    ShowTotalTime();
     return true;
 }
 
-void CClfStagePage::ShowTotalTime(bool fromCopy) {
-    CKRNPanelData copy = m_MachineData;
+void CClfStagePage::ShowTotalTime() {
     // The stroke time in its mode 0: every stage counts, flow or none.
-    double total = (fromCopy ? copy : m_MachineData).CalcStrokeTime(0);
+    double total = KRNStrokeTime(m_MachineData, 0);
     for (const XYProfile& p : KRNStages::Read(m_MachineData, MI_PP_PROFILE)) total += p.x;
     SetDlgItemText(m_nTotalTimeId, KRNFormatValue("%f", total));
 }
 
 // Speeds, positions and hold times change the time the screw and the hold take.
 void CClfStagePage::OnStageStored(const KRNStageFields& row, int) {
-    if (row.profile == MI_FP_PROFILE || row.kind == KRNField::Time) ShowTotalTime(false);
+    if (row.profile == MI_FP_PROFILE || row.kind == KRNField::Time) ShowTotalTime();
 }
 
 // ---- main screen ---------------------------------------------------------------------

@@ -21,9 +21,8 @@ protected:
 
 private:
     // The screw's stroke time over the flow-rate profile plus the hold
-    // stages' durations, "%f" s. `fromCopy`: worked out on a copy of the
-    // record, so that showing it changes nothing.
-    void ShowTotalTime(bool fromCopy);
+    // stages' durations, "%f" s.
+    void ShowTotalTime();
 
     int m_nTotalTimeId;
 };

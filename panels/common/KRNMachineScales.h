@@ -28,3 +28,12 @@ inline double KRNStrokeLimit(const CKRNMachineData& r) { return r.GetMachine(MC_
 inline double KRNInjectionPressure(const CKRNMachineData& r) { return KRNItemValue(r, MI_INJECTION_PRESSURE); }  // MPa
 inline double KRNPackingPressure(const CKRNMachineData& r) { return KRNItemValue(r, MI_PACKING_PRESSURE); }  // MPa
 inline double KRNHundredPercent(const CKRNMachineData&) { return 100.0; }  // screens that show percent
+
+// The seconds the screw needs over the flow-rate profile (CalcStrokeTime,
+// mode 1 skipping stages of no flow), worked out on a copy: the record's own
+// calculation counts a screw of no diameter as 1 mm and writes that into the
+// machine data, which would give speeds a full scale the machine does not have.
+inline double KRNStrokeTime(const CKRNMachineData& record, int mode) {
+    CKRNMachineData copy = record;
+    return copy.CalcStrokeTime(mode);
+}

@@ -57,7 +57,7 @@ void CMACHINE_NIIGATA_MDSERIES_INJECTION_PAGE::OnInjectionPressureChanged() {
 // shows the stroke time, and its own handler stores it.
 void CMACHINE_NIIGATA_MDSERIES_INJECTION_PAGE::OnStageStored(const KRNStageFields& row, int) {
     if (row.profile != MI_FP_PROFILE) return;
-    SetDlgItemText(IDC_INJECTION_TIME, KRNFormat("%f", m_MachineData.CalcStrokeTime(1)));
+    SetDlgItemText(IDC_INJECTION_TIME, KRNFormatValue("%f", KRNStrokeTime(m_MachineData, 1)));
 }
 
 void CMACHINE_NIIGATA_MDSERIES_INJECTION_PAGE::ToRecordForm() {

@@ -107,12 +107,8 @@ void CMACHINE_POLYPAX_SERIES_INJ_PAGE::OnStageStored(const KRNStageFields& row, 
     if (row.profile == MI_FP_PROFILE) ShowStrokeTime();
 }
 
-// Worked out on a copy: the record's calculation counts a screw of no
-// diameter as 1 mm and writes that into the machine data, which would give
-// the speed and pressure fields a full scale the machine does not have.
 void CMACHINE_POLYPAX_SERIES_INJ_PAGE::ShowStrokeTime() {
-    CKRNMachineData record = m_MachineData;
-    SetDlgItemText(IDC_STROKE_TIME, KRNFormatValue("%f", record.CalcStrokeTime(1)));
+    SetDlgItemText(IDC_STROKE_TIME, KRNFormatValue("%f", KRNStrokeTime(m_MachineData, 1)));
 }
 
 // ---- leaving the page --------------------------------------------------------------
