@@ -10,6 +10,7 @@
 #include "mitsubishi_hydraulic/CMACHINE_MITSU_DLG.h"
 #include "niigata_mdseries/CMACHINE_NIIGATA_MDSERIES_DLG.h"
 #include "polypax_series/CMACHINE_POLYPAX_SERIES_DLG.h"
+#include "universal_multishot/CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG.h"
 
 #include <array>
 
@@ -45,6 +46,8 @@ const KRNPanelEntry kPanels[] = {
     {11, &KRNRunModalPanel<CMACHINE_FANUC_S2000I_DLG>, &KRNCreateHostedPanel<CMACHINE_FANUC_S2000I_DLG>},
     {13, &KRNRunModalPanel<CMACHINE_MITSUBISHI_DLG>, nullptr},
     {14, &KRNRunModalPanel<CMACHINE_MITSU_DLG>, nullptr},
+    {15, &KRNRunModalPanel<CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG>,
+     &KRNCreateHostedPanel<CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG>},
     {16, &KRNRunModalPanel<CMACHINE_CHENSONG_CDC2000_DLG>, nullptr},
 };
 }  // namespace

@@ -129,6 +129,32 @@ void Tidy(CKRNMachineData& record, KRNMACHINEITEM profile, LoneEnd lone) {
     Write(record, profile, p);
 }
 
+namespace {
+// The first point of a profile with a position and no level; -1 when there is none.
+int SwitchOverPoint(const CKRNMachineData& record, KRNMACHINEITEM profile) {
+    for (int i = 0; i < record.GetProfileDataCount(profile); ++i) {
+        double x = 0, y = 0;
+        record.GetProfileData(profile, i, x, y);
+        if (x != 0.0 && y == 0.0) return i;
+    }
+    return -1;
+}
+}  // namespace
+
+void TidyWithSwitchOver(CKRNMachineData& record) {
+    if (const int i = SwitchOverPoint(record, MI_FP_PROFILE); i >= 0) {
+        double x = 0, y = 0;
+        record.GetProfileData(MI_FP_PROFILE, i, x, y);
+        double stroke = 0;
+        record.GetMachineData(MI_MAX_RAM_POSITION, stroke);
+        record.SetMachineData(MI_VP_RAM_POSITION, x / 100.0 * stroke);
+        record.SetMachineData(MI_FP_PROFILE, i, 0.0, y);
+    }
+    if (const int i = SwitchOverPoint(record, MI_P_PROFILE); i >= 0) record.SetMachineData(MI_P_PROFILE, i, 0.0, 0.0);
+    for (KRNMACHINEITEM profile : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE})
+        Tidy(record, profile, LoneEnd::ToZero);
+}
+
 void ToPageForm(CKRNMachineData& record, KRNMACHINEITEM profile, KRNMACHINEITEM timeItem) {
     double total = 0.0;
     record.GetMachineData(timeItem, total);

@@ -64,6 +64,13 @@ enum class LoneEnd { Keep, ToZero };
 // On OK: every point but the last whose x is exactly 0 goes (undoing the
 // padding), and the last point becomes (0, y of the point before it).
 void Tidy(CKRNMachineData& record, KRNMACHINEITEM profile, LoneEnd lone = LoneEnd::Keep);
+// On OK on screens that place the V-P switch-over as a flow-rate point of
+// no speed: the first flow-rate point with a position and no level gives the
+// V-P position back (x / 100 x MI_MAX_RAM_POSITION) and goes to x 0 like the
+// padding, and so does the first such point of the pressure profile; then the
+// flow-rate, pressure and packing-pressure profiles are tidied with a lone
+// end made (0, 0).
+void TidyWithSwitchOver(CKRNMachineData& record);
 
 // ---- hold and compression stages -------------------------------------------
 

@@ -48,31 +48,7 @@ bool CMACHINE_POLYPAX_SERIES_DLG::OnInitDialog() {
     return true;
 }
 
-namespace {
-// The first point of a profile with a position and no level: the switch-over
-// the injection page placed there. -1 when there is none.
-int SwitchOverPoint(const CKRNMachineData& record, KRNMACHINEITEM profile) {
-    for (int i = 0; i < record.GetProfileDataCount(profile); ++i) {
-        double x = 0, y = 0;
-        record.GetProfileData(profile, i, x, y);
-        if (x != 0.0 && y == 0.0) return i;
-    }
-    return -1;
-}
-}  // namespace
-
-// The switch-over point gives the V-P position back and goes to 0 like the
-// rest of the padding, and so does its twin in the pressure profile. A
-// profile left with its end point alone ends at (0, 0): the controller takes
-// "the point before it" from nothing.
-void CMACHINE_POLYPAX_SERIES_DLG::TidyAtOK() {
-    if (const int i = SwitchOverPoint(m_MachineData, MI_FP_PROFILE); i >= 0) {
-        double x = 0, y = 0;
-        m_MachineData.GetFPData(i, x, y);
-        m_MachineData.SetMachineData(MI_VP_RAM_POSITION, x / 100.0 * m_MachineData.GetMaxRamPosition());
-        m_MachineData.SetFPData(i, 0.0, y);
-    }
-    if (const int i = SwitchOverPoint(m_MachineData, MI_P_PROFILE); i >= 0) m_MachineData.SetPData(i, 0.0, 0.0);
-    for (KRNMACHINEITEM profile : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE})
-        KRNStages::Tidy(m_MachineData, profile, KRNStages::LoneEnd::ToZero);
-}
+// The switch-over point gives the V-P position back; a profile left with its
+// end point alone ends at (0, 0): the controller takes "the point before it"
+// from nothing.
+void CMACHINE_POLYPAX_SERIES_DLG::TidyAtOK() { KRNStages::TidyWithSwitchOver(m_MachineData); }

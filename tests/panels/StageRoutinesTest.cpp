@@ -70,6 +70,34 @@ TEST(Padding, TidyAtOkUndoesIt) {
     ExpectProfile(zero, MI_P_PROFILE, {{0, 0}});
 }
 
+TEST(Padding, TidyWithSwitchOverGivesTheVPPositionBack) {
+    // Speed stages at 100 % and 60 % of a 120 mm stroke, the switch-over
+    // placed at 25 % (no speed), padding after it.
+    CKRNMachineData r;
+    r.SetMachineData(MI_MAX_RAM_POSITION, 120.0);
+    r.SetMachineData(MI_VP_RAM_POSITION, 7.0);
+    KRNSetProfile(r, MI_FP_PROFILE, {{100, 40}, {60, 55}, {25, 0}, {0, 0}, {0, 0}, {0, 30}});
+    KRNSetProfile(r, MI_P_PROFILE, {{100, 80}, {25, 0}, {0, 0}, {0, 70}});
+    KRNSetProfile(r, MI_PP_PROFILE, {{0, 0}, {0, 0}, {100, 45}});
+    KRNStages::TidyWithSwitchOver(r);
+    double vp = 0;
+    r.GetMachineData(MI_VP_RAM_POSITION, vp);
+    EXPECT_DOUBLE_EQ(vp, 25.0 / 100.0 * 120.0);  // 30 mm
+    ExpectProfile(r, MI_FP_PROFILE, {{100, 40}, {60, 55}, {0, 55}});
+    ExpectProfile(r, MI_P_PROFILE, {{100, 80}, {0, 80}});
+    // A lone end point becomes (0, 0).
+    ExpectProfile(r, MI_PP_PROFILE, {{0, 0}});
+
+    // No switch-over point: the V-P position stays, the padding still goes.
+    CKRNMachineData plain;
+    plain.SetMachineData(MI_VP_RAM_POSITION, 7.0);
+    KRNSetProfile(plain, MI_FP_PROFILE, {{100, 40}, {0, 0}, {0, 0}, {0, 40}});
+    KRNStages::TidyWithSwitchOver(plain);
+    plain.GetMachineData(MI_VP_RAM_POSITION, vp);
+    EXPECT_DOUBLE_EQ(vp, 7.0);
+    ExpectProfile(plain, MI_FP_PROFILE, {{100, 40}, {0, 40}});
+}
+
 TEST(StageCount, GrowsWithCopiesAndShrinksFromTheEnd) {
     CKRNMachineData r = With(MI_FP_PROFILE, {{100, 40}, {60, 80}, {0, 20}});
     KRNStages::SetStageCount(r, MI_FP_PROFILE, 4);
