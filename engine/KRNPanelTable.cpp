@@ -10,6 +10,7 @@
 #include "mitsubishi_hydraulic/CMACHINE_MITSU_DLG.h"
 #include "niigata_mdseries/CMACHINE_NIIGATA_MDSERIES_DLG.h"
 #include "polypax_series/CMACHINE_POLYPAX_SERIES_DLG.h"
+#include "taichung_v8000ac/CMACHINE_ORGZCT_V8000AC_DLG.h"
 #include "universal_multishot/CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG.h"
 
 #include <array>
@@ -44,6 +45,8 @@ const KRNPanelEntry kPanels[] = {
     {9, &KRNRunModalPanel<CMACHINE_NIIGATA_MDSERIES_DLG>, nullptr},
     {10, &KRNRunModalPanel<CMACHINE_POLYPAX_SERIES_DLG>, &KRNCreateHostedPanel<CMACHINE_POLYPAX_SERIES_DLG>},
     {11, &KRNRunModalPanel<CMACHINE_FANUC_S2000I_DLG>, &KRNCreateHostedPanel<CMACHINE_FANUC_S2000I_DLG>},
+    // The template set follows the record's language, chosen before the frame is built.
+    {12, &KRNRunPreparedPanel<CMACHINE_ORGZCT_V8000AC_DLG, &TaichungV8000ac::SelectLanguageOf>, nullptr},
     {13, &KRNRunModalPanel<CMACHINE_MITSUBISHI_DLG>, nullptr},
     {14, &KRNRunModalPanel<CMACHINE_MITSU_DLG>, nullptr},
     {15, &KRNRunModalPanel<CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG>,

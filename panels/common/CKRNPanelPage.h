@@ -86,7 +86,10 @@ protected:
 
     // A page with a clock writes the time into `controlId` on every message
     // it sees, and never lets Enter or Escape through.
-    void SetClock(int controlId, const char* format = kKRNClockFormat) { m_Clock = {controlId, format}; }
+    void SetClock(int controlId, const char* format = kKRNClockFormat,
+                  KRNDateOrder order = KRNDateOrder::YearMonthDay) {
+        m_Clock = {controlId, format, order};
+    }
 
 private:
     KRNClock m_Clock;

@@ -18,14 +18,17 @@ QString SixNumbers(const char* format, int a, int b, int c, int d, int e, int f)
 }
 }  // namespace
 
-QString KRNClockText(const std::tm* t, const char* format) {
+QString KRNClockText(const std::tm* t, const char* format, KRNDateOrder order) {
     if (!t) return SixNumbers(format, 0, 0, 0, -1, -1, -1);
-    return SixNumbers(format, t->tm_year + 1900, t->tm_mon + 1, t->tm_mday, t->tm_hour, t->tm_min, t->tm_sec);
+    const int year = t->tm_year + 1900, month = t->tm_mon + 1;
+    if (order == KRNDateOrder::MonthDayYear)
+        return SixNumbers(format, month, t->tm_mday, year, t->tm_hour, t->tm_min, t->tm_sec);
+    return SixNumbers(format, year, month, t->tm_mday, t->tm_hour, t->tm_min, t->tm_sec);
 }
 
 void KRNClock::Refresh(CKRNDialog& dialog) const {
     if (!controlId) return;
-    const QString now = KRNClockTextNow(format);
+    const QString now = KRNClockTextNow(format, order);
     if (dialog.GetDlgItemText(controlId) != now) dialog.SetDlgItemText(controlId, now);
 }
 
@@ -49,8 +52,8 @@ bool KRNLocalTimeNow(std::tm& local) {
 #endif
 }
 
-QString KRNClockTextNow(const char* format) {
+QString KRNClockTextNow(const char* format, KRNDateOrder order) {
     std::tm local{};
     const bool ok = KRNLocalTimeNow(local);
-    return KRNClockText(ok ? &local : nullptr, format);
+    return KRNClockText(ok ? &local : nullptr, format, order);
 }

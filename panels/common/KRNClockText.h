@@ -11,12 +11,17 @@ class CKRNDialog;
 // The screens' usual clock: year/month/day hour:minute:second.
 inline constexpr const char* kKRNClockFormat = "%d/%d/%d %d:%d:%d";
 
-// The text for a local time with `format` (six whole numbers: year, month,
-// day, hour, minute, second); without one (the clock could not be read) the
-// date parts read 0 and the time parts -1.
-QString KRNClockText(const std::tm* localTime, const char* format = kKRNClockFormat);
+// The order a clock's format takes the date in; the time is always hour,
+// minute, second.
+enum class KRNDateOrder { YearMonthDay, MonthDayYear };
+
+// The text for a local time with `format` (six whole numbers: the date in
+// `order`, then hour, minute, second); without one (the clock could not be
+// read) the date parts read 0 and the time parts -1.
+QString KRNClockText(const std::tm* localTime, const char* format = kKRNClockFormat,
+                     KRNDateOrder order = KRNDateOrder::YearMonthDay);
 // The text for now.
-QString KRNClockTextNow(const char* format = kKRNClockFormat);
+QString KRNClockTextNow(const char* format = kKRNClockFormat, KRNDateOrder order = KRNDateOrder::YearMonthDay);
 
 // Where the clocks read the time: the system clock, or a fixed source that a
 // test or a demonstration sets. Gives the source it replaces; null restores
@@ -31,6 +36,7 @@ bool KRNLocalTimeNow(std::tm& local);
 struct KRNClock {
     int controlId = 0;  // 0: no clock
     const char* format = kKRNClockFormat;
+    KRNDateOrder order = KRNDateOrder::YearMonthDay;
 
     void Refresh(CKRNDialog& dialog) const;
 };

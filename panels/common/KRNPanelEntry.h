@@ -17,6 +17,14 @@ bool KRNRunModalPanel(CKRNMachineData& data) {
     return true;
 }
 
+// The same after `prepare` has seen the record, for panels that settle
+// something before their frame is built (a template set by language).
+template <class Frame, void (*Prepare)(const CKRNMachineData&)>
+bool KRNRunPreparedPanel(CKRNMachineData& data) {
+    Prepare(data);
+    return KRNRunModalPanel<Frame>(data);
+}
+
 // A frame embedded in the entry interface's holder, opened as a window
 // without a parent; opening it again re-uses it with the new record.
 template <class Frame>

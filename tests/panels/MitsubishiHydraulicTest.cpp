@@ -54,7 +54,9 @@ std::vector<bool> LitKeys(CMACHINE_MITSU_DLG& frame) {
         const QImage face = key->grab().toImage();
         const bool yellow = face.pixelColor(4, 4) == QColor(255, 255, 0);
         EXPECT_EQ(yellow, key->m_bSelected) << page;
-        if (!yellow) EXPECT_EQ(face.pixelColor(4, 4), QColor(255, 255, 255)) << page;
+        if (!yellow) {
+            EXPECT_EQ(face.pixelColor(4, 4), QColor(255, 255, 255)) << page;
+        }
         lit.push_back(yellow);
     }
     return lit;
