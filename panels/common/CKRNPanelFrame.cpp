@@ -2,6 +2,7 @@
 
 #include "CKRNPanelPage.h"
 #include "KRNPanelKeys.h"
+#include "KRNStageRoutines.h"
 #include "KRNProMachineInterface.h"
 
 #include <QStackedWidget>
@@ -68,6 +69,13 @@ void CKRNPanelFrame::CommitShownPage(bool evenIfReadOnly) {
         page->ToRecordForm();
         m_MachineData = page->m_MachineData;
     }
+    DistributeRecord();
+}
+
+void CKRNPanelFrame::PadAndDistribute(int flowRatePoints, int pressurePoints, int packingPoints) {
+    KRNStages::PadTo(m_MachineData, MI_FP_PROFILE, flowRatePoints);
+    KRNStages::PadTo(m_MachineData, MI_P_PROFILE, pressurePoints);
+    KRNStages::PadTo(m_MachineData, MI_PP_PROFILE, packingPoints);
     DistributeRecord();
 }
 

@@ -68,6 +68,11 @@ protected:
     // Copies the frame's record into every page, converts it to page form and
     // runs each page's initialisation again.
     void DistributeRecord();
+    // Pads the flow-rate, pressure and packing-pressure profiles to the points
+    // the screens show, then hands every page the padded record with hold
+    // stages in page form, even a read-only record whose pages are never
+    // committed.
+    void PadAndDistribute(int flowRatePoints, int pressurePoints, int packingPoints);
     // Copies the frame's record into every page as it stands.
     void CopyRecordToPages();
 

@@ -29,15 +29,10 @@ bool CMACHINE_FANUC_S2000I_DLG::OnInitDialog() {
     ShowPage(kMenu - 1);
 
     // Enough stages for every field of the screens: 5 speeds, 1 pressure, 3 holds.
-    KRNStages::PadTo(m_MachineData, MI_FP_PROFILE, 6);
-    KRNStages::PadTo(m_MachineData, MI_P_PROFILE, 2);
-    KRNStages::PadTo(m_MachineData, MI_PP_PROFILE, 4);
     m_nFPStages = 5;
     m_nPStages = 1;
     m_nPPStages = 3;
-    // Every page shows the padded record from the start, hold stages in seconds,
-    // even a read-only record whose pages are never committed.
-    DistributeRecord();
+    PadAndDistribute(6, 2, 4);
 
     for (int i = 0; i < 12; ++i) SetBitmap(kMenuKeys[i], kMenuKeyBitmaps[i], true);
     return true;

@@ -17,15 +17,10 @@ bool CMACHINE_MITSUBISHI_DLG::OnInitDialog() {
     ShowPage(kTimePage);
 
     // Six speed and pressure stages, three hold stages.
-    KRNStages::PadTo(m_MachineData, MI_FP_PROFILE, 7);
-    KRNStages::PadTo(m_MachineData, MI_P_PROFILE, 7);
-    KRNStages::PadTo(m_MachineData, MI_PP_PROFILE, 4);
     m_nStageCounts[0] = 6;
     m_nStageCounts[1] = 6;
     m_nStageCounts[2] = 3;
-    // Every page shows the padded record from the start, hold stages in
-    // seconds, even a read-only record whose pages are never committed.
-    DistributeRecord();
+    PadAndDistribute(7, 7, 4);
 
     for (const auto& [control, normal, selected, focused] : kSoftKeys)
         SetBitmapButton(control, normal, selected, focused);

@@ -28,15 +28,10 @@ bool CMACHINE_POLYPAX_SERIES_DLG::OnInitDialog() {
     ShowPage(kMachineStatusPage);
 
     // Five injection stages with speed, pressure and position, four hold stages.
-    KRNStages::PadTo(m_MachineData, MI_FP_PROFILE, 6);
-    KRNStages::PadTo(m_MachineData, MI_P_PROFILE, 6);
-    KRNStages::PadTo(m_MachineData, MI_PP_PROFILE, 5);
     m_nStageCounts[0] = 5;
     m_nStageCounts[1] = 5;
     m_nStageCounts[2] = 4;
-    // Every page shows the padded record from the start, hold stages in
-    // seconds, even a read-only record whose pages are never committed.
-    DistributeRecord();
+    PadAndDistribute(6, 6, 5);
 
     for (const auto& [control, up, down, focus] : kKeys) {
         if (control == IDC_KEY_PRESSURE_CURVE && !m_bPressureCurve)

@@ -45,15 +45,10 @@ bool CMACHINE_ORGZCT_V8000AC_DLG::OnInitDialog() {
     ShowPage(kMenuPage);
 
     // Five injection stages of speed, pressure and position, four hold stages.
-    KRNStages::PadTo(m_MachineData, MI_FP_PROFILE, 6);
-    KRNStages::PadTo(m_MachineData, MI_P_PROFILE, 6);
-    KRNStages::PadTo(m_MachineData, MI_PP_PROFILE, 5);
     m_nStageCounts[0] = 5;
     m_nStageCounts[1] = 5;
     m_nStageCounts[2] = 4;
-    // Every page starts from the padded record, hold stages in seconds, even
-    // a read-only record whose pages are never taken back.
-    DistributeRecord();
+    PadAndDistribute(6, 6, 5);
 
     ShowMenu();
     return true;
