@@ -64,7 +64,6 @@ struct FixedClock {
     KRNTimeSource previous;
 };
 
-std::string Fixed2(double value) { return QString::number(value, 'f', 2).toStdString(); }
 
 // The 40 mm record: top speed 200 cm3/s over a 4 cm screw.
 const double kTopSpeed = 200.0 * 10.0 / (4.0 * 4.0 * 3.14159 * 0.25);
@@ -109,8 +108,8 @@ TEST(ChenHsongCdc2000, AThreePointProfileShowsFourSpeedStagesAndFivePositionsAnd
     const Session s = OpenCdc(r, [](CMACHINE_CHENSONG_CDC2000_DLG& frame) {
         EXPECT_EQ(frame.m_nPointCounts[0], 3);
         Click(kToTimes);
-        EXPECT_EQ(Text(kSpeed[0]), Fixed2(50 * kTopSpeed * 0.01));
-        EXPECT_EQ(Text(kSpeed[1]), Fixed2(80 * kTopSpeed * 0.01));
+        EXPECT_EQ(Text(kSpeed[0]), Fixed(50 * kTopSpeed * 0.01, 2));
+        EXPECT_EQ(Text(kSpeed[1]), Fixed(80 * kTopSpeed * 0.01, 2));
         EXPECT_EQ(Text(kSpeed[2]), "0.00");
         EXPECT_EQ(Text(kSpeed[3]), "0.00");
         const char* positions[5] = {"120.00", "48.00", "0.00", "0.00", "0.00"};  // 100 % and 40 % of 120 mm
@@ -267,7 +266,7 @@ TEST(ChenHsongCdc2000, ModelPageShowsTheInjectionUnit) {
         EXPECT_EQ(Text(Cdc::IDC_SCREW_DIAMETER), "40");
         EXPECT_EQ(Text(Cdc::IDC_MAX_INJECTION_RATE), "200");
         EXPECT_EQ(Text(Cdc::IDC_STROKE_LIMIT), "180");
-        EXPECT_EQ(Text(Cdc::IDC_MAX_SPEED), Fixed2(kTopSpeed));
+        EXPECT_EQ(Text(Cdc::IDC_MAX_SPEED), Fixed(kTopSpeed, 2));
         Cancel();
     });
 }

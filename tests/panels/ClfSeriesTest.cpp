@@ -41,13 +41,6 @@ Session OpenClf(const CKRNMachineData& record, const std::function<void()>& step
     return s;
 }
 
-std::string Fixed6(double value) {
-    std::ostringstream out;
-    out.imbue(std::locale::classic());
-    out << std::fixed << std::setprecision(6) << value;
-    return out.str();
-}
-
 }  // namespace
 
 TEST(ClfSeries, OpensOnTheMainScreenWithTheClockLine) {
@@ -122,12 +115,12 @@ TEST(ClfSeries, TheTotalTimeFollowsSpeedsPositionsAndHoldTimes) {
         Click(kKeyInjection);
         CKRNMachineData expected = KRN40mmRecord();
         // Hold stages of 1.5, 3 and 1.5 s.
-        EXPECT_EQ(Text(ClfSeries::IDC_TOTAL_TIME), Fixed6(KRNExpectedStrokeTime(expected, 0) + 6.0));
+        EXPECT_EQ(Text(ClfSeries::IDC_TOTAL_TIME), Fixed(KRNExpectedStrokeTime(expected, 0) + 6.0, 6));
         Type(kHoldTime[0], "2.5");
-        EXPECT_EQ(Text(ClfSeries::IDC_TOTAL_TIME), Fixed6(KRNExpectedStrokeTime(expected, 0) + 7.0));
+        EXPECT_EQ(Text(ClfSeries::IDC_TOTAL_TIME), Fixed(KRNExpectedStrokeTime(expected, 0) + 7.0, 6));
         Type(kSpeed[0], "80");
         KRNSetProfile(expected, MI_FP_PROFILE, {{100, 80}, {85, 70}, {60, 90}, {35, 60}, {15, 35}, {0, 0}, {0, 0}});
-        EXPECT_EQ(Text(ClfSeries::IDC_TOTAL_TIME), Fixed6(KRNExpectedStrokeTime(expected, 0) + 7.0));
+        EXPECT_EQ(Text(ClfSeries::IDC_TOTAL_TIME), Fixed(KRNExpectedStrokeTime(expected, 0) + 7.0, 6));
         OK();
     });
 }

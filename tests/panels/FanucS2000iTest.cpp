@@ -40,7 +40,6 @@ Session OpenFanuc(const CKRNMachineData& record, const std::function<void()>& st
     return s;
 }
 
-double MaxSpeed() { return 200.0 * 10.0 / (4.0 * 4.0 * 3.14159 * 0.25); }
 
 }  // namespace
 
@@ -83,7 +82,7 @@ TEST(FanucS2000i, SpeedAboveFullScaleIsRefusedAtTheCrossingKeystroke) {
     ASSERT_EQ(s.messages.size(), 1u);
     EXPECT_EQ(s.messages[0], "Please enter a value not greater than 159.16.");
     const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
-    EXPECT_NEAR(fp[1].second, 20.0 / MaxSpeed() * 100.0, 1e-9);
+    EXPECT_NEAR(fp[1].second, 20.0 / KRN40mmTopSpeed() * 100.0, 1e-9);
     EXPECT_EQ(fp[1].first, 85.0);
 }
 

@@ -40,16 +40,6 @@ Session OpenNiigata(const CKRNMachineData& record, const std::function<void()>& 
     return s;
 }
 
-// 200 cm3/s through a 40 mm screw: 159.1551 mm/s.
-double TopSpeed() { return 200.0 * 10.0 / (4.0 * 4.0 * 3.14159 * 0.25); }
-
-std::string Fixed6(double value) {
-    std::ostringstream out;
-    out.imbue(std::locale::classic());
-    out << std::fixed << std::setprecision(6) << value;
-    return out.str();
-}
-
 }  // namespace
 
 TEST(NiigataMdSeries, OpensOnTheMainScreenAndShowsTheStagesInMachineUnits) {
@@ -132,12 +122,12 @@ TEST(NiigataMdSeries, ASpeedEditShowsTheStrokeTimeAsTheInjectionTime) {
         // The record after the edit: stage 2 at 100 mm/s of 159.16, same position.
         CKRNMachineData expected = KRN40mmRecord();
         KRNSetProfile(expected, MI_FP_PROFILE,
-                      {{100, 40}, {85, 100.0 / TopSpeed() * 100.0}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
-        EXPECT_EQ(Text(kInjectionTime), Fixed6(KRNExpectedStrokeTime(expected, 1)));
+                      {{100, 40}, {85, 100.0 / KRN40mmTopSpeed() * 100.0}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
+        EXPECT_EQ(Text(kInjectionTime), Fixed(KRNExpectedStrokeTime(expected, 1), 6));
         OK();
     });
     CKRNMachineData expected = KRN40mmRecord();
-    KRNSetProfile(expected, MI_FP_PROFILE, {{100, 40}, {85, 100.0 / TopSpeed() * 100.0}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
+    KRNSetProfile(expected, MI_FP_PROFILE, {{100, 40}, {85, 100.0 / KRN40mmTopSpeed() * 100.0}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
     EXPECT_NEAR(KRNItem(s.record, MI_INJECTION_TIME), KRNExpectedStrokeTime(expected, 1), 1e-6);
     EXPECT_TRUE(s.messages.empty());
 }
@@ -185,7 +175,7 @@ TEST(NiigataMdSeries, RefusedEntriesLeaveFieldAndRecordAsTheyWere) {
     EXPECT_EQ(s.messages[3], "Please enter a value not above 9999.00 and not below 0.00.");
     EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE), KRNProfile(r, MI_PP_PROFILE));
     const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
-    EXPECT_NEAR(fp[0].second, 63.66 / TopSpeed() * 100.0, 1e-9);
+    EXPECT_NEAR(fp[0].second, 63.66 / KRN40mmTopSpeed() * 100.0, 1e-9);
     // Leaving the page reads the shown "%6.2f" texts back: 143.24 mm/s is 90 % within rounding.
     EXPECT_EQ(fp[2].first, 60.0);
     EXPECT_NEAR(fp[2].second, 90.0, 0.005);

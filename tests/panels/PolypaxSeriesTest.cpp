@@ -56,30 +56,6 @@ double ShownPacking(double percent) { return percent * 80.0 * 0.01 * 10.0 / kRat
 // And back: the percentage a typed pressure becomes.
 double InjectionPercent(double shown) { return shown * kRatio / 160.0 * 100.0 / 10.0; }
 double PackingPercent(double shown) { return shown * kRatio / 80.0 * 100.0 / 10.0; }
-// 200 cm3/s through a 40 mm screw.
-double TopSpeed() { return 200.0 * 10.0 / (4.0 * 4.0 * 3.14159 * 0.25); }
-
-// A value with `decimals` places and a full stop, as the screens print it.
-std::string Fixed(double value, int decimals) {
-    std::ostringstream out;
-    out.imbue(std::locale::classic());
-    out << std::fixed << std::setprecision(decimals) << value;
-    return out.str();
-}
-
-void ExpectPoints(const KRNPointList& got, const KRNPointList& expected, double tolerance = 1e-9) {
-    ASSERT_EQ(got.size(), expected.size());
-    for (std::size_t i = 0; i < got.size(); ++i) {
-        EXPECT_NEAR(got[i].first, expected[i].first, tolerance) << "point " << i;
-        EXPECT_NEAR(got[i].second, expected[i].second, tolerance) << "point " << i;
-    }
-}
-
-bool ShowsBitmap(int id, int bitmapId) {
-    auto* label = qobject_cast<QLabel*>(Field(id));
-    return label && label->pixmap().toImage() == KRNResources::Bitmap(bitmapId).toImage();
-}
-
 }  // namespace
 
 // ---- what the screens show ----------------------------------------------------------
@@ -98,7 +74,7 @@ TEST(PolypaxSeries, OpensOnTheMachineStatusAndShowsTheStagesInMachineUnits) {
         const double fp[5][2] = {{100, 40}, {85, 70}, {60, 90}, {35, 60}, {15, 35}};
         const double p[5] = {70, 80, 90, 75, 60};
         for (int i = 0; i < 5; ++i) {
-            EXPECT_EQ(Text(kSpeed[i]), Fixed(fp[i][1] * TopSpeed() * 0.01, 2)) << i;
+            EXPECT_EQ(Text(kSpeed[i]), Fixed(fp[i][1] * KRN40mmTopSpeed() * 0.01, 2)) << i;
             EXPECT_EQ(Text(kPosition[i]), Fixed(fp[i][0] * 120.0 * 0.01, 2)) << i;
             EXPECT_EQ(Text(kPressure[i]), Fixed(ShownInjection(p[i]), 2)) << i;
         }
@@ -279,7 +255,7 @@ TEST(PolypaxSeries, PositionsMoveBothProfilesAndTheStrokeTimeFollows) {
         KRNSetProfile(expected, MI_FP_PROFILE, {{100, 40}, {75, 70}, {60, 90}, {35, 60}, {15, 35}, {0, 0}});
         EXPECT_EQ(Text(IDC_STROKE_TIME), Fixed(KRNExpectedStrokeTime(expected, 1), 6));
         Type(kSpeed[2], "100");
-        KRNSetProfile(expected, MI_FP_PROFILE, {{100, 40}, {75, 70}, {60, 100.0 / TopSpeed() * 100.0}, {35, 60}, {15, 35}, {0, 0}});
+        KRNSetProfile(expected, MI_FP_PROFILE, {{100, 40}, {75, 70}, {60, 100.0 / KRN40mmTopSpeed() * 100.0}, {35, 60}, {15, 35}, {0, 0}});
         EXPECT_EQ(Text(IDC_STROKE_TIME), Fixed(KRNExpectedStrokeTime(expected, 1), 6));
         Type(kPosition[0], "150");
         OK();
@@ -292,7 +268,7 @@ TEST(PolypaxSeries, PositionsMoveBothProfilesAndTheStrokeTimeFollows) {
     EXPECT_NEAR(fp[1].first, 60.0, 1e-9);
     EXPECT_NEAR(p[1].first, 60.0, 1e-9);
     EXPECT_NEAR(fp[4].first, 12.0, 1e-9);
-    EXPECT_NEAR(fp[2].second, 100.0 / TopSpeed() * 100.0, 0.005);
+    EXPECT_NEAR(fp[2].second, 100.0 / KRN40mmTopSpeed() * 100.0, 0.005);
 }
 
 // The V-P field is an entry line showing 0.00; the stage table shows the
@@ -310,7 +286,7 @@ TEST(PolypaxSeries, TheSwitchOverSitsInTheFreeStageAndTheVPFieldShowsZero) {
         OK();
     });
     EXPECT_EQ(KRNItem(s.record, MI_VP_RAM_POSITION), 30.0);
-    ExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {60, 80}, {0, 80}}, 0.005);
+    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {60, 80}, {0, 80}}, 0.005);
 
     // Without a free stage the V-P line itself stores what is typed; 0 is no entry.
     s = OpenPolypax(PolypaxRecord(), [] {
@@ -337,7 +313,7 @@ TEST(PolypaxSeries, HoldStagesGoBackAsShareOfThePackingTime) {
         Type(kHoldTime[2], "1");
         OK();
     });
-    ExpectPoints(KRNProfile(s.record, MI_PP_PROFILE), {{100, 40}, {75, 50}, {25, 60}, {0, 60}});
+    KRNExpectPoints(KRNProfile(s.record, MI_PP_PROFILE), {{100, 40}, {75, 50}, {25, 60}, {0, 60}});
     EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 4.0);
 }
 
@@ -361,8 +337,8 @@ TEST(PolypaxSeries, RefusedEntriesLeaveFieldAndRecordAsTheyWere) {
     EXPECT_EQ(s.messages[1], "Please enter a number.");
     EXPECT_EQ(s.messages[4], "Please enter a value not above 9999.00 and not below 0.00.");
     EXPECT_TRUE(KRNAllFinite(s.record));
-    ExpectPoints(KRNProfile(s.record, MI_PP_PROFILE), KRNProfile(r, MI_PP_PROFILE));
-    EXPECT_NEAR(KRNProfile(s.record, MI_FP_PROFILE)[0].second, 63.66 / TopSpeed() * 100.0, 1e-9);
+    KRNExpectPoints(KRNProfile(s.record, MI_PP_PROFILE), KRNProfile(r, MI_PP_PROFILE));
+    EXPECT_NEAR(KRNProfile(s.record, MI_FP_PROFILE)[0].second, 63.66 / KRN40mmTopSpeed() * 100.0, 1e-9);
 }
 
 // ---- the other pages ------------------------------------------------------------------

@@ -47,37 +47,14 @@ const CKRNMachineData& PageRecord(CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG& fram
     return frame.findChildren<CKRNPanelPage*>().front()->m_MachineData;
 }
 
-// 200 cm3/s through a 40 mm screw.
-double TopSpeed() { return 200.0 * 10.0 / (4.0 * 4.0 * 3.14159 * 0.25); }
-
-std::string Fixed(double value, int decimals) {
-    std::ostringstream out;
-    out.imbue(std::locale::classic());
-    out << std::fixed << std::setprecision(decimals) << value;
-    return out.str();
-}
-
-void ExpectPoints(const KRNPointList& got, const KRNPointList& expected, double tolerance = 1e-9) {
-    ASSERT_EQ(got.size(), expected.size());
-    for (std::size_t i = 0; i < got.size(); ++i) {
-        EXPECT_NEAR(got[i].first, expected[i].first, tolerance) << "point " << i;
-        EXPECT_NEAR(got[i].second, expected[i].second, tolerance) << "point " << i;
-    }
-}
-
-bool ShowsBitmap(int id, int bitmapId) {
-    auto* label = qobject_cast<QLabel*>(Field(id));
-    return label && label->pixmap().toImage() == KRNResources::Bitmap(bitmapId).toImage();
-}
-
 }  // namespace
 
 // ---- opening --------------------------------------------------------------------------
 
 TEST(UniversalMultishot, OpensWithEveryFieldInMachineUnits) {
     Session s = OpenUms(KRN40mmRecord(), [](CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG&) {
-        EXPECT_EQ(Text(kSpeed[0]), Fixed(40 * TopSpeed() * 0.01, 2));
-        EXPECT_EQ(Text(kSpeed[4]), Fixed(35 * TopSpeed() * 0.01, 2));
+        EXPECT_EQ(Text(kSpeed[0]), Fixed(40 * KRN40mmTopSpeed() * 0.01, 2));
+        EXPECT_EQ(Text(kSpeed[4]), Fixed(35 * KRN40mmTopSpeed() * 0.01, 2));
         EXPECT_EQ(Text(kPosition[0]), "120.00");
         EXPECT_EQ(Text(kPosition[3]), "42.00");  // 35 % of 120 mm
         EXPECT_EQ(Text(IDC_FULL_STROKE), "120.00");
@@ -116,9 +93,9 @@ TEST(UniversalMultishot, ShortProfilesArePaddedAndLongOnesKept) {
     KRNSetProfile(r, MI_FP_PROFILE, {{100, 40}, {50, 80}, {0, 80}});
     Session s = OpenUms(r, [](CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG& frame) {
         // Three (0, 0) stages before the last point, whose level drops to 0.
-        ExpectPoints(KRNProfile(PageRecord(frame), MI_FP_PROFILE),
+        KRNExpectPoints(KRNProfile(PageRecord(frame), MI_FP_PROFILE),
                      {{100, 40}, {50, 80}, {0, 0}, {0, 0}, {0, 0}, {0, 0}});
-        EXPECT_EQ(Text(kSpeed[1]), Fixed(80 * TopSpeed() * 0.01, 2));
+        EXPECT_EQ(Text(kSpeed[1]), Fixed(80 * KRN40mmTopSpeed() * 0.01, 2));
         EXPECT_EQ(Text(kPosition[1]), "60.00");
         // The padded points have fields of their own: shown, not blanked.
         EXPECT_EQ(Text(kSpeed[4]), "0.00");
@@ -126,7 +103,7 @@ TEST(UniversalMultishot, ShortProfilesArePaddedAndLongOnesKept) {
         OK();
     });
     // Tidied on OK: the padding goes again.
-    ExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {50, 80}, {0, 80}});
+    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {50, 80}, {0, 80}});
 
     // A seventh point has no field but stays in the record.
     KRNSetProfile(r, MI_FP_PROFILE, {{100, 10}, {90, 20}, {80, 30}, {70, 40}, {60, 50}, {50, 60}, {0, 60}});
@@ -155,7 +132,7 @@ TEST(UniversalMultishot, AnEmptyPressureProfileStaysEmptyUntilAPressureIsTyped) 
         EXPECT_TRUE(KRNProfile(PageRecord(frame), MI_P_PROFILE).empty());
         EXPECT_EQ(Text(IDC_INJECTION_PRESSURE), "0");
         Type(IDC_INJECTION_PRESSURE, "80");
-        ExpectPoints(KRNProfile(PageRecord(frame), MI_P_PROFILE), {{0, 50}});
+        KRNExpectPoints(KRNProfile(PageRecord(frame), MI_P_PROFILE), {{0, 50}});
         EXPECT_EQ(KRNItem(PageRecord(frame), MI_INJECTION_PRESSURE), 160.0);  // the maximum stays
         Cancel();
     });
@@ -166,7 +143,7 @@ TEST(UniversalMultishot, AnEmptyPressureProfileStaysEmptyUntilAPressureIsTyped) 
         Type(IDC_INJECTION_PRESSURE, "120");
         OK();
     });
-    ExpectPoints(KRNProfile(s.record, MI_P_PROFILE), {{100, 75}, {60, 85}, {15, 60}, {0, 60}});
+    KRNExpectPoints(KRNProfile(s.record, MI_P_PROFILE), {{100, 75}, {60, 85}, {15, 60}, {0, 60}});
 }
 
 // ---- injection stages ---------------------------------------------------------------------
@@ -175,9 +152,9 @@ TEST(UniversalMultishot, ASpeedAboveTheTopSpeedIsRefused) {
     const CKRNMachineData r = KRN40mmRecord();
     Session s = OpenUms(r, [](CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG&) {
         Type(kSpeed[0], "200");
-        EXPECT_EQ(Text(kSpeed[0]), Fixed(40 * TopSpeed() * 0.01, 2));
+        EXPECT_EQ(Text(kSpeed[0]), Fixed(40 * KRN40mmTopSpeed() * 0.01, 2));
         Type(kSpeed[1], "fast");
-        EXPECT_EQ(Text(kSpeed[1]), Fixed(70 * TopSpeed() * 0.01, 2));
+        EXPECT_EQ(Text(kSpeed[1]), Fixed(70 * KRN40mmTopSpeed() * 0.01, 2));
         EXPECT_EQ(Text(IDC_STROKE_TIME), "0");  // nothing stored, nothing worked out
         OK();
     });
@@ -192,8 +169,8 @@ TEST(UniversalMultishot, SpeedsAndPositionsMoveTheirStageAndTheStrokeTime) {
         Type(kSpeed[1], "100");
         CKRNMachineData expected = KRN40mmRecord();
         KRNSetProfile(expected, MI_FP_PROFILE,
-                      {{100, 40}, {85, 100 / TopSpeed() * 100}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
-        ExpectPoints(KRNProfile(PageRecord(frame), MI_FP_PROFILE), KRNProfile(expected, MI_FP_PROFILE));
+                      {{100, 40}, {85, 100 / KRN40mmTopSpeed() * 100}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
+        KRNExpectPoints(KRNProfile(PageRecord(frame), MI_FP_PROFILE), KRNProfile(expected, MI_FP_PROFILE));
         EXPECT_EQ(Text(IDC_STROKE_TIME), Fixed(KRNExpectedStrokeTime(expected, 1), 2));
 
         // Stage 1 sets the full stroke; the full-stroke line follows the text.
@@ -209,10 +186,10 @@ TEST(UniversalMultishot, SpeedsAndPositionsMoveTheirStageAndTheStrokeTime) {
 
         // Stage 5 at the full stroke is halved, and the end takes its level.
         Type(kPosition[4], "100");
-        ExpectPoints(KRNProfile(PageRecord(frame), MI_FP_PROFILE),
-                     {{100, 40}, {85, 100 / TopSpeed() * 100}, {60, 90}, {35, 60}, {50, 35}, {0, 35}});
+        KRNExpectPoints(KRNProfile(PageRecord(frame), MI_FP_PROFILE),
+                     {{100, 40}, {85, 100 / KRN40mmTopSpeed() * 100}, {60, 90}, {35, 60}, {50, 35}, {0, 35}});
         Type(kSpeed[4], "10");
-        EXPECT_NEAR(KRNProfile(PageRecord(frame), MI_FP_PROFILE)[5].second, 10 / TopSpeed() * 100, 1e-9);
+        EXPECT_NEAR(KRNProfile(PageRecord(frame), MI_FP_PROFILE)[5].second, 10 / KRN40mmTopSpeed() * 100, 1e-9);
         OK();
     });
     EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 100.0);
@@ -231,7 +208,7 @@ TEST(UniversalMultishot, TheVPPositionIsTakenAsTypedAndTheSwitchOverPointGivesIt
     KRNSetProfile(r, MI_FP_PROFILE, {{100, 40}, {60, 90}, {25, 0}, {0, 0}});
     s = OpenUms(r, [](CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG&) { OK(); });
     EXPECT_EQ(KRNItem(s.record, MI_VP_RAM_POSITION), 30.0);
-    ExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {60, 90}, {0, 90}});
+    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {60, 90}, {0, 90}});
 }
 
 // ---- hold stages --------------------------------------------------------------------------
@@ -270,7 +247,7 @@ TEST(UniversalMultishot, OKReturnsThePagesEditsEvenFromAReadOnlyRecord) {
         Type(kSpeed[1], "100");
         OK();
     });
-    EXPECT_NEAR(KRNProfile(s.record, MI_FP_PROFILE)[1].second, 100 / TopSpeed() * 100, 1e-9);
+    EXPECT_NEAR(KRNProfile(s.record, MI_FP_PROFILE)[1].second, 100 / KRN40mmTopSpeed() * 100, 1e-9);
 
     // The process key on the page already shown changes nothing.
     s = OpenUms(r, [](CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG&) {
@@ -278,7 +255,7 @@ TEST(UniversalMultishot, OKReturnsThePagesEditsEvenFromAReadOnlyRecord) {
         Click(IDC_KEY_PROCESS);
         OK();
     });
-    EXPECT_NEAR(KRNProfile(s.record, MI_FP_PROFILE)[1].second, 100 / TopSpeed() * 100, 1e-9);
+    EXPECT_NEAR(KRNProfile(s.record, MI_FP_PROFILE)[1].second, 100 / KRN40mmTopSpeed() * 100, 1e-9);
 }
 
 TEST(UniversalMultishot, OpensThroughTheControllerName) {
@@ -290,7 +267,7 @@ TEST(UniversalMultishot, OpensThroughTheControllerName) {
                   Type(kSpeed[1], "100");
                   OK();
               });
-    EXPECT_NEAR(KRNProfile(panels.GetMachineData(), MI_FP_PROFILE)[1].second, 100 / TopSpeed() * 100, 1e-9);
+    EXPECT_NEAR(KRNProfile(panels.GetMachineData(), MI_FP_PROFILE)[1].second, 100 / KRN40mmTopSpeed() * 100, 1e-9);
 }
 
 TEST(UniversalMultishot, HostedWithoutAModalLoopAndOpenedAgain) {
@@ -302,7 +279,7 @@ TEST(UniversalMultishot, HostedWithoutAModalLoopAndOpenedAgain) {
     Type(kSpeed[1], "100");
     OK();
     EXPECT_TRUE(panels.CanUpdate());
-    EXPECT_NEAR(KRNProfile(panels.GetMachineData(), MI_FP_PROFILE)[1].second, 100 / TopSpeed() * 100, 1e-9);
+    EXPECT_NEAR(KRNProfile(panels.GetMachineData(), MI_FP_PROFILE)[1].second, 100 / KRN40mmTopSpeed() * 100, 1e-9);
     EXPECT_EQ(KRNDriver::TopDialog(), nullptr);
 
     // Opened again on the same interface: one page, the new record; Cancel
@@ -314,7 +291,7 @@ TEST(UniversalMultishot, HostedWithoutAModalLoopAndOpenedAgain) {
     ASSERT_NE(KRNDriver::TopDialog(), nullptr);
     EXPECT_EQ(KRNDriver::TopDialog()->findChildren<CKRNPanelPage*>().size(), 1);
     EXPECT_EQ(Text(IDC_VP_POSITION), "25");
-    EXPECT_EQ(Text(kSpeed[1]), Fixed(70 * TopSpeed() * 0.01, 2));
+    EXPECT_EQ(Text(kSpeed[1]), Fixed(70 * KRN40mmTopSpeed() * 0.01, 2));
     Type(kSpeed[1], "50");
     Cancel();
     EXPECT_FALSE(panels.CanUpdate());

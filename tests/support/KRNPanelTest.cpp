@@ -1,6 +1,13 @@
 #include "KRNPanelTest.h"
 
 #include "CKRNDialog.h"
+#include "KRNResources.h"
+
+#include <QLabel>
+
+#include <iomanip>
+#include <locale>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -32,6 +39,18 @@ void OK() {
 
 void Cancel() {
     if (CKRNDialog* top = KRNDriver::TopDialog()) top->OnCancel();
+}
+
+std::string Fixed(double value, int decimals) {
+    std::ostringstream out;
+    out.imbue(std::locale::classic());
+    out << std::fixed << std::setprecision(decimals) << value;
+    return out.str();
+}
+
+bool ShowsBitmap(int id, int bitmapId) {
+    auto* label = qobject_cast<QLabel*>(Field(id));
+    return label && label->pixmap().toImage() == KRNResources::Bitmap(bitmapId).toImage();
 }
 
 void WhileOpen(const std::function<void()>& open, const std::function<void()>& whileOpen) {

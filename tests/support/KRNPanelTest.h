@@ -31,6 +31,11 @@ void PressKey(int qtKey);
 void OK();
 void Cancel();
 
+// A value with `decimals` places and a full stop, as the screens print it.
+std::string Fixed(double value, int decimals);
+// True when the visible static `id` shows bitmap `bitmapId` of the module.
+bool ShowsBitmap(int id, int bitmapId);
+
 // Runs `whileOpen` inside the modal loop started by `open`; whatever is left
 // open is cancelled.
 void WhileOpen(const std::function<void()>& open, const std::function<void()>& whileOpen);

@@ -1,5 +1,7 @@
 #include "KRNRecordBuilder.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -40,4 +42,12 @@ double KRNExpectedStrokeTime(const CKRNMachineData& r, int mode) {
         if (last) break;
     }
     return std::max(total, 0.1);
+}
+
+void KRNExpectPoints(const KRNPointList& got, const KRNPointList& expected, double tolerance) {
+    ASSERT_EQ(got.size(), expected.size());
+    for (std::size_t i = 0; i < got.size(); ++i) {
+        EXPECT_NEAR(got[i].first, expected[i].first, tolerance) << "point " << i;
+        EXPECT_NEAR(got[i].second, expected[i].second, tolerance) << "point " << i;
+    }
 }

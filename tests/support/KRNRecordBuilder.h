@@ -53,6 +53,13 @@ inline CKRNMachineData KRN40mmRecord() {
     return r;
 }
 
+// The 40 mm record's top speed: 200 cm3/s through a 40 mm screw, with the
+// screens' 3.14159 (159.155 mm/s).
+inline double KRN40mmTopSpeed() { return 200.0 * 10.0 / (4.0 * 4.0 * 3.14159 * 0.25); }
+
+// Every point of `got` within `tolerance` of `expected`, one failure a point.
+void KRNExpectPoints(const KRNPointList& got, const KRNPointList& expected, double tolerance = 1e-9);
+
 // True when no double of the record is NaN or infinite.
 bool KRNAllFinite(const CKRNMachineData& r);
 
