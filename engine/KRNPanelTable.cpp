@@ -2,6 +2,7 @@
 
 #include "CMachineDialogHolder.h"
 #include "common/KRNPanelEntry.h"
+#include "arburg_selogica/CMACHINE_ARBURG_SELOGICA_DIRECT_DLG.h"
 #include "chenhsong_cdc2000/CMACHINE_CHENSONG_CDC2000_DLG.h"
 #include "clf_series/CMACHINE_CLF_SERIES_DLG.h"
 #include "fanuc_s2000i/CMACHINE_FANUC_S2000I_DLG.h"
@@ -40,6 +41,7 @@ constexpr std::array<KRNControllerName, 18> kControllers{{
 }};
 
 const KRNPanelEntry kPanels[] = {
+    {6, &KRNRunModalPanel<CMACHINE_ARBURG_SELOGICA_DIRECT_DLG>, nullptr},
     {7, &KRNRunModalPanel<CMACHINE_CLF_SERIES_DLG>, nullptr},
     {8, &KRNRunModalPanel<CMACHINE_JSW_SYSCOM3000_DLG>, nullptr},
     {9, &KRNRunModalPanel<CMACHINE_NIIGATA_MDSERIES_DLG>, nullptr},
