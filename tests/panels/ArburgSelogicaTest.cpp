@@ -33,20 +33,8 @@ constexpr int kKeypadDigit[10] = {1377, 1367, 1368, 1369, 1371, 1372, 1373, 1374
 const double kArea = 4.0 * 4.0 * 3.14159 * 0.25;
 const double kShot = 100.0 * kArea * 0.01 * 120.0 * 0.1;
 
-struct Session {
-    int result = 0;
-    CKRNMachineData record;
-    std::vector<std::string> messages;
-};
-
 Session OpenSelogica(const CKRNMachineData& record, const std::function<void()>& steps) {
-    KRNMessageCapture messages;
-    CMACHINE_ARBURG_SELOGICA_DIRECT_DLG frame(record);
-    Session s;
-    WhileOpen([&] { s.result = frame.DoModal(); }, steps);
-    s.record = frame.GetMachineData();
-    s.messages = messages.Texts();
-    return s;
+    return OpenPanel<CMACHINE_ARBURG_SELOGICA_DIRECT_DLG>(record, steps);
 }
 
 // Clicks stage key `key` and taps `keys` on the keypad it opens ('c' for

@@ -29,20 +29,8 @@ constexpr int kHoldTime[3] = {1087, 1088, 1089};
 const std::string kAllPositionsZero = "Error:\nAll screw position field cannot be zero.";
 const std::string kAllHoldTimesZero = "Error:\nAll pack time field cannot be zero.";
 
-struct Session {
-    int result = 0;
-    CKRNMachineData record;
-    std::vector<std::string> messages;
-};
-
 Session OpenCdc(const CKRNMachineData& record, const std::function<void(CMACHINE_CHENSONG_CDC2000_DLG&)>& steps) {
-    KRNMessageCapture messages;
-    CMACHINE_CHENSONG_CDC2000_DLG frame(record);
-    Session s;
-    WhileOpen([&] { s.result = frame.DoModal(); }, [&] { steps(frame); });
-    s.record = frame.GetMachineData();
-    s.messages = messages.Texts();
-    return s;
+    return OpenPanel<CMACHINE_CHENSONG_CDC2000_DLG>(record, steps);
 }
 
 // Sunday 3 March 2024, 08:05 local time.

@@ -25,20 +25,8 @@ constexpr int kHoldPressure[3] = {1356, 1353, 1349};
 constexpr int kHoldTime[3] = {1358, 1355, 1351};
 constexpr int kCooling = 1364, kVP = 1378, kSuckBack = 1399, kCoolingShown = 1424, kVPShown = 1413;
 
-struct Session {
-    int result = 0;
-    CKRNMachineData record;
-    std::vector<std::string> messages;
-};
-
 Session OpenClf(const CKRNMachineData& record, const std::function<void()>& steps) {
-    KRNMessageCapture messages;
-    CMACHINE_CLF_SERIES_DLG frame(record);
-    Session s;
-    WhileOpen([&] { s.result = frame.DoModal(); }, steps);
-    s.record = frame.GetMachineData();
-    s.messages = messages.Texts();
-    return s;
+    return OpenPanel<CMACHINE_CLF_SERIES_DLG>(record, steps);
 }
 
 }  // namespace

@@ -22,22 +22,10 @@ constexpr int kHoldPressure[3] = {1139, 1225, 1228};
 constexpr int kHoldTime[3] = {1143, 1226, 1229};
 constexpr int kSpeedStages = 1125, kHoldStages = 1140, kPressureLimit = 1195;
 
-struct Session {
-    int result = 0;
-    CKRNMachineData record;
-    std::vector<std::string> messages;
-};
-
 // Opens the panel modally on `record`, does `steps` and returns what the
 // frame holds afterwards (the record the interface takes after OK).
 Session OpenFanuc(const CKRNMachineData& record, const std::function<void()>& steps) {
-    KRNMessageCapture messages;
-    CMACHINE_FANUC_S2000I_DLG frame(record);
-    Session s;
-    WhileOpen([&] { s.result = frame.DoModal(); }, steps);
-    s.record = frame.GetMachineData();
-    s.messages = messages.Texts();
-    return s;
+    return OpenPanel<CMACHINE_FANUC_S2000I_DLG>(record, steps);
 }
 
 

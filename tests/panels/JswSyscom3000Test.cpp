@@ -19,20 +19,8 @@ constexpr int kHoldTime[6] = {1403, 1402, 1401, 1400, 1399, 1398};
 constexpr int kForce[6] = {1368, 1370, 1372, 1374, 1376, 1378};
 constexpr int kCompressionTime[6] = {1379, 1380, 1381, 1382, 1383, 1384};
 
-struct Session {
-    int result = 0;
-    CKRNMachineData record;
-    std::vector<std::string> messages;
-};
-
 Session OpenJsw(const CKRNMachineData& record, const std::function<void(CMACHINE_JSW_SYSCOM3000_DLG&)>& steps) {
-    KRNMessageCapture messages;
-    CMACHINE_JSW_SYSCOM3000_DLG frame(record);
-    Session s;
-    WhileOpen([&] { s.result = frame.DoModal(); }, [&] { steps(frame); });
-    s.record = frame.GetMachineData();
-    s.messages = messages.Texts();
-    return s;
+    return OpenPanel<CMACHINE_JSW_SYSCOM3000_DLG>(record, steps);
 }
 
 CKRNMachineData CompressionRecord(int processValue) {

@@ -20,20 +20,8 @@ constexpr int kHoldPressure[3] = {1395, 1393, 1391};
 constexpr int kHoldTime[3] = {1401, 1399, 1397};
 constexpr int kMelt = 1308, kMeltCopy = 1315, kMeltDouble = 1313, kMeltZero = 1316;
 
-struct Session {
-    int result = 0;
-    CKRNMachineData record;
-    std::vector<std::string> messages;
-};
-
 Session OpenMitsubishi(const CKRNMachineData& record, const std::function<void()>& steps) {
-    KRNMessageCapture messages;
-    CMACHINE_MITSUBISHI_DLG frame(record);
-    Session s;
-    WhileOpen([&] { s.result = frame.DoModal(); }, steps);
-    s.record = frame.GetMachineData();
-    s.messages = messages.Texts();
-    return s;
+    return OpenPanel<CMACHINE_MITSUBISHI_DLG>(record, steps);
 }
 
 }  // namespace

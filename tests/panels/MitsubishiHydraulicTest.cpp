@@ -29,20 +29,8 @@ constexpr int kPressure[6] = {1529, 1530, 1531, 1532, 1533, 1534};
 constexpr int kHold[6] = {1546, 1547, 1548, 1552, 1553, 1554};
 constexpr int kInjectionTime = 1487, kVP = 1539, kCooling = 1657;
 
-struct Session {
-    int result = 0;
-    CKRNMachineData record;
-    std::vector<std::string> messages;
-};
-
 Session OpenHydraulic(const CKRNMachineData& record, const std::function<void(CMACHINE_MITSU_DLG&)>& steps) {
-    KRNMessageCapture messages;
-    CMACHINE_MITSU_DLG frame(record);
-    Session s;
-    WhileOpen([&] { s.result = frame.DoModal(); }, [&] { steps(frame); });
-    s.record = frame.GetMachineData();
-    s.messages = messages.Texts();
-    return s;
+    return OpenPanel<CMACHINE_MITSU_DLG>(record, steps);
 }
 
 // Which of the three keys are lit, by their state and by the colour drawn

@@ -24,20 +24,8 @@ constexpr int kHoldTime[5] = {1381, 1382, 1383, 1384, 1385};
 constexpr int kInjectionTime = 1510, kCoolingTime = 1512, kVPPosition = 1364, kInjectionPressure = 1375;
 constexpr int kMold = 1363, kMoldMirrors[2] = {1582, 1532};
 
-struct Session {
-    int result = 0;
-    CKRNMachineData record;
-    std::vector<std::string> messages;
-};
-
 Session OpenNiigata(const CKRNMachineData& record, const std::function<void()>& steps) {
-    KRNMessageCapture messages;
-    CMACHINE_NIIGATA_MDSERIES_DLG frame(record);
-    Session s;
-    WhileOpen([&] { s.result = frame.DoModal(); }, steps);
-    s.record = frame.GetMachineData();
-    s.messages = messages.Texts();
-    return s;
+    return OpenPanel<CMACHINE_NIIGATA_MDSERIES_DLG>(record, steps);
 }
 
 }  // namespace

@@ -24,20 +24,8 @@ namespace {
 
 constexpr int kKeyStatus = 1616, kKeyCurve = 1617, kKeyTemperature = 1618, kKeyInjection = 1622, kKeyChart = 1637;
 
-struct Session {
-    int result = 0;
-    CKRNMachineData record;
-    std::vector<std::string> messages;
-};
-
 Session OpenPolypax(const CKRNMachineData& record, const std::function<void()>& steps) {
-    KRNMessageCapture messages;
-    CMACHINE_POLYPAX_SERIES_DLG frame(record);
-    Session s;
-    WhileOpen([&] { s.result = frame.DoModal(); }, steps);
-    s.record = frame.GetMachineData();
-    s.messages = messages.Texts();
-    return s;
+    return OpenPanel<CMACHINE_POLYPAX_SERIES_DLG>(record, steps);
 }
 
 // The 40 mm machine with a second diameter of 100 mm: pressures are shown

@@ -25,21 +25,9 @@ constexpr int kKeyMenu = 1899, kKeyMachine = 1743, kKeyTemp = 1745, kKeyInjectio
 constexpr int kStrokeTime = 1375, kVP = 1376, kCooling = 1401, kClock = 1778;
 constexpr int kSetMelt = 1980, kSetCooling = 1920, kMelt = 1851, kMeltMirror = 1839;
 
-struct Session {
-    int result = 0;
-    CKRNMachineData record;
-    std::vector<std::string> messages;
-};
-
 Session OpenV8000ac(const CKRNMachineData& record, const std::function<void(CMACHINE_ORGZCT_V8000AC_DLG&)>& steps) {
-    KRNMessageCapture messages;
     Tc::SelectLanguageOf(record);
-    CMACHINE_ORGZCT_V8000AC_DLG frame(record);
-    Session s;
-    WhileOpen([&] { s.result = frame.DoModal(); }, [&] { steps(frame); });
-    s.record = frame.GetMachineData();
-    s.messages = messages.Texts();
-    return s;
+    return OpenPanel<CMACHINE_ORGZCT_V8000AC_DLG>(record, steps);
 }
 
 // Speed and pressure stages that switch at the same positions, as this

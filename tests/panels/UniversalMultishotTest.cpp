@@ -24,22 +24,8 @@ using namespace UniversalMultishot;
 
 namespace {
 
-struct Session {
-    int result = 0;
-    CKRNMachineData record;
-    std::vector<std::string> messages;
-    int counts[3] = {0, 0, 0};
-};
-
 Session OpenUms(const CKRNMachineData& record, const std::function<void(CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG&)>& steps) {
-    KRNMessageCapture messages;
-    CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG frame(record);
-    Session s;
-    WhileOpen([&] { s.result = frame.DoModal(); }, [&] { steps(frame); });
-    s.record = frame.GetMachineData();
-    s.messages = messages.Texts();
-    for (int i = 0; i < 3; ++i) s.counts[i] = frame.m_nStageCounts[i];
-    return s;
+    return OpenPanel<CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG>(record, steps);
 }
 
 // The process page's own record while the panel is open.
@@ -52,7 +38,9 @@ const CKRNMachineData& PageRecord(CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG& fram
 // ---- opening --------------------------------------------------------------------------
 
 TEST(UniversalMultishot, OpensWithEveryFieldInMachineUnits) {
-    Session s = OpenUms(KRN40mmRecord(), [](CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG&) {
+    int counts[3] = {};
+    Session s = OpenUms(KRN40mmRecord(), [&counts](CMACHINE_UNIVERSALMULTISHOT_MAINMENU_DLG& frame) {
+        for (int i = 0; i < 3; ++i) counts[i] = frame.m_nStageCounts[i];
         EXPECT_EQ(Text(kSpeed[0]), Fixed(40 * KRN40mmTopSpeed() * 0.01, 2));
         EXPECT_EQ(Text(kSpeed[4]), Fixed(35 * KRN40mmTopSpeed() * 0.01, 2));
         EXPECT_EQ(Text(kPosition[0]), "120.00");
@@ -83,9 +71,9 @@ TEST(UniversalMultishot, OpensWithEveryFieldInMachineUnits) {
     });
     EXPECT_EQ(s.result, IDCANCEL);
     // 5 and 0 as the controller writes them, one 64-bit 5 over both.
-    EXPECT_EQ(s.counts[0], 5);
-    EXPECT_EQ(s.counts[1], 0);
-    EXPECT_EQ(s.counts[2], 3);
+    EXPECT_EQ(counts[0], 5);
+    EXPECT_EQ(counts[1], 0);
+    EXPECT_EQ(counts[2], 3);
 }
 
 TEST(UniversalMultishot, ShortProfilesArePaddedAndLongOnesKept) {

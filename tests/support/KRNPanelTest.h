@@ -9,8 +9,11 @@
 
 #include <QString>
 
+#include "KRNMachineData.h"
+
 #include <functional>
 #include <string>
+#include <vector>
 
 class CKRNDialog;
 
@@ -39,5 +42,30 @@ bool ShowsBitmap(int id, int bitmapId);
 // Runs `whileOpen` inside the modal loop started by `open`; whatever is left
 // open is cancelled.
 void WhileOpen(const std::function<void()>& open, const std::function<void()>& whileOpen);
+
+// What a panel run left: the dialog's result, the frame's record afterwards
+// (what the interface takes after OK) and the messages shown, in order.
+struct Session {
+    int result = 0;
+    CKRNMachineData record;
+    std::vector<std::string> messages;
+};
+
+// Opens a `Frame` modally on `record`, runs `steps` while it is open (with
+// the frame, for tests that look inside it) and returns the session.
+template <class Frame>
+Session OpenPanel(const CKRNMachineData& record, const std::function<void(Frame&)>& steps) {
+    KRNMessageCapture messages;
+    Frame frame(record);
+    Session s;
+    WhileOpen([&] { s.result = frame.DoModal(); }, [&] { steps(frame); });
+    s.record = frame.GetMachineData();
+    s.messages = messages.Texts();
+    return s;
+}
+template <class Frame>
+Session OpenPanel(const CKRNMachineData& record, const std::function<void()>& steps) {
+    return OpenPanel<Frame>(record, std::function<void(Frame&)>([&](Frame&) { steps(); }));
+}
 
 }  // namespace KRNTest
