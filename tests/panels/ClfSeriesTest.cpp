@@ -9,11 +9,8 @@
 
 #include <gtest/gtest.h>
 
-#include <iomanip>
-#include <locale>
-#include <sstream>
-
 using namespace KRNTest;
+using Frame = CMACHINE_CLF_SERIES_DLG;
 
 namespace {
 
@@ -25,53 +22,19 @@ constexpr int kHoldPressure[3] = {1356, 1353, 1349};
 constexpr int kHoldTime[3] = {1358, 1355, 1351};
 constexpr int kCooling = 1364, kVP = 1378, kSuckBack = 1399, kCoolingShown = 1424, kVPShown = 1413;
 
-Session OpenClf(const CKRNMachineData& record, const std::function<void()>& steps) {
-    return OpenPanel<CMACHINE_CLF_SERIES_DLG>(record, steps);
-}
-
 }  // namespace
 
-TEST(ClfSeries, OpensOnTheMainScreenWithTheClockLine) {
-    CKRNMachineData r = KRN40mmRecord();
-    r.SetMachineData(MI_INJECTION_TIME, 1.25);
-    OpenClf(r, [] {
-        EXPECT_EQ(Text(1334), "260.00");
-        EXPECT_EQ(Text(1446), "1.25s");
-        EXPECT_EQ(Text(1450), "15.00s");
-        EXPECT_EQ(Text(1452), "18 mm");
-        // "2024/3/7<tab>9-5-2": a tab between date and time, dashes in the time.
-        const std::string clock = Text(ClfSeries::IDC_CLOCK);
-        EXPECT_NE(clock.find('\t'), std::string::npos) << clock;
-        EXPECT_EQ(std::count(clock.begin(), clock.end(), '-'), 2) << clock;
-        OK();
-    });
-}
-
-TEST(ClfSeries, PercentagesUpToAHundred) {
+TEST(ClfSeries, PercentagesUpToAHundredAndPositionsThatFallFromStageToStage) {
     const CKRNMachineData r = KRN40mmRecord();
-    Session s = OpenClf(r, [] {
+    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
-        EXPECT_EQ(Text(kSpeed[0]), "40.00");
-        EXPECT_EQ(Text(kPosition[1]), "102.00");
         EXPECT_EQ(Text(kHoldPressure[0]), "60.00");
         Type(kSpeed[1], "100");
         Type(kPressure[0], "100.01");
         EXPECT_EQ(Text(kPressure[0]), "70.00");
-        Click(kKeyFullDataSet);  // the full data set takes the same checks
-        Type(ClfSeries::kFullSpeed[0], "100.01");
-        OK();
-    });
-    ASSERT_EQ(s.messages.size(), 2u);
-    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 100.00.");
-    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[1], (std::pair<double, double>(85.0, 100.0)));
-    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), KRNProfile(r, MI_P_PROFILE));
-}
-
-TEST(ClfSeries, PositionsFallFromStageToStageAndAreTakenOnLeaving) {
-    Session s = OpenClf(KRN40mmRecord(), [] {
-        Click(kKeyInjection);
         // Stage 3 lies between stage 2 at 102 mm and stage 4 at 42 mm.
-        Keys(kPosition[2], "42");  // no check while typing
+        Keys(kPosition[2], "42");
+        EXPECT_EQ(Text(kPosition[2]), "42");  // no check while typing: the next stage's 42 mm is refused on leaving
         Leave(kPosition[2]);
         EXPECT_EQ(Text(kPosition[2]), "72.00");
         Type(kPosition[2], "110");
@@ -84,22 +47,26 @@ TEST(ClfSeries, PositionsFallFromStageToStageAndAreTakenOnLeaving) {
         // The last stage in use and the one after it may both be cleared.
         Type(kPosition[4], "0");
         Leave(kPosition[4]);
+        Type(kPosition[5], "0");
+        Leave(kPosition[5]);
+        Click(kKeyFullDataSet);  // the full data set takes the same checks
+        Type(ClfSeries::kFullSpeed[0], "100.01");
         OK();
     });
-    ASSERT_EQ(s.messages.size(), 3u);
-    EXPECT_EQ(s.messages[0], "Please enter a value not above 102.00 and not below 42.00.");
-    EXPECT_EQ(s.messages[1], "Please enter a value not above 102.00 and not below 42.00.");
-    EXPECT_EQ(s.messages[2], "Please enter a value not above 180.00 and not below 102.00.");
-    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
-    const KRNPointList p = KRNProfile(s.record, MI_P_PROFILE);
+    const std::string hundred = "Please enter a value not greater than 100.00.";
+    const std::string between = "Please enter a value not above 102.00 and not below 42.00.";
+    EXPECT_EQ(s.messages, (std::vector<std::string>{hundred, between, between,
+                                                    "Please enter a value not above 180.00 and not below 102.00.", hundred}));
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[1], (std::pair<double, double>(85.0, 100.0)));
+    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE)[0], KRNProfile(r, MI_P_PROFILE)[0]);
     // 42.001 mm of 120 mm, on both stroke profiles; the cleared stage is gone after OK.
-    EXPECT_NEAR(fp[2].first, 42.001 / 120.0 * 100.0, 1e-9);
-    EXPECT_NEAR(p[2].first, 42.001 / 120.0 * 100.0, 1e-9);
-    EXPECT_EQ(fp.size(), 5u);
+    EXPECT_NEAR(KRNProfile(s.record, MI_FP_PROFILE)[2].first, 35.000833, 1e-6);
+    EXPECT_NEAR(KRNProfile(s.record, MI_P_PROFILE)[2].first, 35.000833, 1e-6);
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE).size(), 5u);
 }
 
 TEST(ClfSeries, TheTotalTimeFollowsSpeedsPositionsAndHoldTimes) {
-    OpenClf(KRN40mmRecord(), [] {
+    OpenPanel<Frame>(KRN40mmRecord(), [] {
         Click(kKeyInjection);
         CKRNMachineData expected = KRN40mmRecord();
         // Hold stages of 1.5, 3 and 1.5 s.
@@ -113,10 +80,18 @@ TEST(ClfSeries, TheTotalTimeFollowsSpeedsPositionsAndHoldTimes) {
     });
 }
 
-TEST(ClfSeries, PlainFieldsAndTheirMirrors) {
-    Session s = OpenClf(KRN40mmRecord(), [] {
+TEST(ClfSeries, TheMainScreenWithItsClockLineAndThePlainFieldsWithTheirMirrors) {
+    CKRNMachineData r = KRN40mmRecord();
+    r.SetMachineData(MI_INJECTION_TIME, 1.25);
+    Session s = OpenPanel<Frame>(r, [] {
+        EXPECT_EQ(Text(1446), "1.25s");
+        EXPECT_EQ(Text(1452), "18 mm");
+        // "2024/3/7<tab>9-5-2": a tab between date and time, dashes in the time.
+        const std::string clock = Text(ClfSeries::IDC_CLOCK);
+        EXPECT_NE(clock.find('\t'), std::string::npos) << clock;
+        EXPECT_EQ(std::count(clock.begin(), clock.end(), '-'), 2) << clock;
+        EXPECT_EQ(Text(1334), "260.00");
         Click(kKeyInjection);
-        EXPECT_EQ(Text(kCoolingShown), "15 s");
         Type(kCooling, "12.5");
         EXPECT_EQ(Text(kCoolingShown), "12.5 s");
         Type(kVP, "20");
@@ -139,7 +114,7 @@ TEST(ClfSeries, PlainFieldsAndTheirMirrors) {
 TEST(ClfSeries, ReadOnlyCancelAndTheInterface) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachineData(MI_READ_ONLY, true);
-    Session s = OpenClf(r, [] {
+    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
         Type(kSpeed[0], "55");
         Click(kKeyMain);

@@ -18,21 +18,16 @@ constexpr int kPressure[6] = {1371, 1369, 1367, 1365, 1435, 1436};
 constexpr int kPosition[6] = {1382, 1380, 1378, 1376, 1437, 1438};
 constexpr int kHoldPressure[3] = {1395, 1393, 1391};
 constexpr int kHoldTime[3] = {1401, 1399, 1397};
-constexpr int kMelt = 1308, kMeltCopy = 1315, kMeltDouble = 1313, kMeltZero = 1316;
-
-Session OpenMitsubishi(const CKRNMachineData& record, const std::function<void()>& steps) {
-    return OpenPanel<CMACHINE_MITSUBISHI_DLG>(record, steps);
-}
+constexpr int kMelt = 1308, kMeltCopy = 1315, kMeltDouble = 1313;
+constexpr int kStrokeMirrors[2] = {1327, 1332};
+using Frame = CMACHINE_MITSUBISHI_DLG;
 
 }  // namespace
 
 TEST(MitsubishiElectric, OpensOnTimesWithTheNozzleTemperatureRepeated) {
-    Session s = OpenMitsubishi(KRN40mmRecord(), [] {
-        EXPECT_EQ(Text(kMelt), "260");
+    Session s = OpenPanel<Frame>(KRN40mmRecord(), [] {
         EXPECT_EQ(Text(kMeltCopy), "260");
         EXPECT_EQ(Text(kMeltDouble), "520");  // the overheat limit: twice the value
-        EXPECT_EQ(Text(kMeltZero), "0");
-        EXPECT_EQ(Text(1295), "---");
         Type(kMelt, "230.5");
         EXPECT_EQ(Text(kMeltCopy), "230.5");
         EXPECT_EQ(Text(kMeltDouble), "461");
@@ -46,86 +41,10 @@ TEST(MitsubishiElectric, OpensOnTimesWithTheNozzleTemperatureRepeated) {
     EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 230.5);
 }
 
-TEST(MitsubishiElectric, TheInjectionPageShowsPercentagesAndMillimetres) {
-    OpenMitsubishi(KRN40mmRecord(), [] {
-        Click(kKeyInjection);
-        const char* speeds[6] = {"40.00", "70.00", "90.00", "60.00", "35.00", "0.00"};
-        const char* positions[6] = {"120.00", "102.00", "72.00", "42.00", "18.00", "0.00"};
-        for (int i = 0; i < 6; ++i) {
-            EXPECT_EQ(Text(kSpeed[i]), speeds[i]);
-            EXPECT_EQ(Text(kPosition[i]), positions[i]);
-        }
-        EXPECT_EQ(Text(kPressure[1]), "85.00");
-        // Hold stages in seconds of the 6 s packing time.
-        EXPECT_EQ(Text(kHoldPressure[0]), "60.00");
-        EXPECT_EQ(Text(kHoldTime[0]), "1.50");
-        EXPECT_EQ(Text(kHoldTime[1]), "3.00");
-        EXPECT_EQ(Text(1329), "160");
-        EXPECT_EQ(Text(1327), "120 mm");
-        EXPECT_EQ(Text(1332), "120 mm");
-        EXPECT_EQ(Text(1386), "15");
-        EXPECT_EQ(Text(1416), "18");
-        EXPECT_EQ(Text(1410), "---");
-        OK();
-    });
-}
-
-TEST(MitsubishiElectric, AHundredPercentIsTheMost) {
-    const CKRNMachineData r = KRN40mmRecord();
-    Session s = OpenMitsubishi(r, [] {
-        Click(kKeyInjection);
-        Type(kSpeed[1], "100");
-        Type(kPressure[0], "100.01");
-        EXPECT_EQ(Text(kPressure[0]), "70.00");
-        Type(kHoldPressure[0], "100.01");
-        Type(kSpeed[2], "-1");
-        OK();
-    });
-    ASSERT_EQ(s.messages.size(), 3u);
-    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 100.00.");
-    EXPECT_EQ(s.messages[1], "Please enter a value not greater than 100.00.");
-    EXPECT_EQ(s.messages[2], "Please enter a value not above 100.00 and not below 0.00.");
-    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
-    EXPECT_EQ(fp[1], (std::pair<double, double>(85.0, 100.0)));
-    EXPECT_EQ(fp[2].second, 90.0);
-    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), KRNProfile(r, MI_P_PROFILE));
-    EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE), KRNProfile(r, MI_PP_PROFILE));
-}
-
-TEST(MitsubishiElectric, TheFirstPositionMovesTheFullStrokeAndItsMirrors) {
-    Session s = OpenMitsubishi(KRN40mmRecord(), [] {
-        Click(kKeyInjection);
-        Type(kPosition[0], "150");
-        EXPECT_EQ(Text(1327), "150 mm");
-        EXPECT_EQ(Text(1332), "150 mm");
-        Click(kKeyTime);
-        Click(kKeyInjection);
-        EXPECT_EQ(Text(kPosition[1]), "127.50");  // 85 % of the new 150 mm
-        OK();
-    });
-    EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 150.0);
-    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[1].first, 85.0);
-}
-
-TEST(MitsubishiElectric, APositionMovesSpeedAndPressureStagesAndIsRewrittenOnLeaving) {
-    Session s = OpenMitsubishi(KRN40mmRecord(), [] {
-        Click(kKeyInjection);
-        Keys(kPosition[1], "90");  // typed a digit at a time
-        EXPECT_EQ(Text(kPosition[1]), "90");
-        Leave(kPosition[1]);
-        EXPECT_EQ(Text(kPosition[1]), "90.00");
-        OK();
-    });
-    EXPECT_TRUE(s.messages.empty());
-    // 90 mm of 120 mm, at the stage's own speed and pressure.
-    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[1], (std::pair<double, double>(75.0, 70.0)));
-    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE)[1], (std::pair<double, double>(75.0, 85.0)));
-}
-
 TEST(MitsubishiElectric, ThreeHoldStagesHoweverLongTheProfile) {
     CKRNMachineData r = KRN40mmRecord();
     KRNSetProfile(r, MI_PP_PROFILE, {{100, 40}, {80, 50}, {60, 60}, {40, 70}, {20, 80}, {0, 80}});
-    Session s = OpenMitsubishi(r, [] {
+    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
         // 6 s in five stages of 1.2 s, the first of them last in the record.
         EXPECT_EQ(Text(kHoldTime[0]), "1.20");
@@ -144,10 +63,66 @@ TEST(MitsubishiElectric, ThreeHoldStagesHoweverLongTheProfile) {
     EXPECT_EQ(pp[5], (std::pair<double, double>(0.0, 75.0)));
 }
 
+// Percentages of the record up to 100, positions in mm; the 40 mm record's
+// four-point hold profile is three stages of its 6 s.
+TEST(MitsubishiElectric, TheInjectionPageShowsPercentagesUpToAHundred) {
+    const CKRNMachineData r = KRN40mmRecord();
+    Session s = OpenPanel<Frame>(r, [] {
+        Click(kKeyInjection);
+        const char* speeds[6] = {"40.00", "70.00", "90.00", "60.00", "35.00", "0.00"};
+        const char* positions[6] = {"120.00", "102.00", "72.00", "42.00", "18.00", "0.00"};
+        for (int i = 0; i < 6; ++i) {
+            EXPECT_EQ(Text(kSpeed[i]), speeds[i]);
+            EXPECT_EQ(Text(kPosition[i]), positions[i]);
+        }
+        EXPECT_EQ(Text(kPressure[1]), "85.00");
+        const char* holdPressures[3] = {"60.00", "50.00", "40.00"};
+        const char* holdTimes[3] = {"1.50", "3.00", "1.50"};
+        for (int k = 0; k < 3; ++k) {
+            EXPECT_EQ(Text(kHoldPressure[k]), holdPressures[k]) << k;
+            EXPECT_EQ(Text(kHoldTime[k]), holdTimes[k]) << k;
+        }
+        Type(kSpeed[1], "100");
+        Type(kSpeed[0], "100.01");
+        EXPECT_EQ(Text(kSpeed[0]), "40.00");
+        Type(kSpeed[2], "-1");
+        OK();
+    });
+    ASSERT_EQ(s.messages.size(), 2u);
+    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 100.00.");
+    EXPECT_EQ(s.messages[1], "Please enter a value not above 100.00 and not below 0.00.");
+    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
+    EXPECT_EQ(fp[0].second, 40.0);
+    EXPECT_EQ(fp[1], (std::pair<double, double>(85.0, 100.0)));
+    EXPECT_EQ(fp[2].second, 90.0);
+    EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE), KRNProfile(r, MI_PP_PROFILE));
+}
+
+TEST(MitsubishiElectric, PositionsMoveTheStagesAndTheFirstMovesTheFullStroke) {
+    Session s = OpenPanel<Frame>(KRN40mmRecord(), [] {
+        Click(kKeyInjection);
+        Keys(kPosition[1], "90");  // typed a digit at a time, rewritten on leaving
+        EXPECT_EQ(Text(kPosition[1]), "90");
+        Leave(kPosition[1]);
+        EXPECT_EQ(Text(kPosition[1]), "90.00");
+        Type(kPosition[0], "150");
+        for (int id : kStrokeMirrors) EXPECT_EQ(Text(id), "150 mm") << id;
+        Click(kKeyTime);
+        Click(kKeyInjection);
+        EXPECT_EQ(Text(kPosition[1]), "112.50");  // 75 % of the new 150 mm
+        OK();
+    });
+    EXPECT_TRUE(s.messages.empty());
+    EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 150.0);
+    // 90 mm of 120 mm, at the stage's own speed and pressure.
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[1], (std::pair<double, double>(75.0, 70.0)));
+    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE)[1], (std::pair<double, double>(75.0, 85.0)));
+}
+
 TEST(MitsubishiElectric, ReadOnlyCancelAndTheInterface) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachineData(MI_READ_ONLY, true);
-    Session s = OpenMitsubishi(r, [] {
+    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
         Type(kSpeed[0], "55");
         Click(kKeyTime);
@@ -156,22 +131,18 @@ TEST(MitsubishiElectric, ReadOnlyCancelAndTheInterface) {
     for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
 
     CKRNProMachineInterface panels;
-    WhileOpen([&] { EXPECT_EQ(panels.KRNDoModal(KRN40mmRecord(), "MITSUBISHI-Electric"), 1); },
-              [] {
-                  Click(kKeyInjection);
-                  Type(kSpeed[0], "55");
-                  PressKey(Qt::Key_Return);  // neither key closes the panel
-                  PressKey(Qt::Key_Escape);
-                  Cancel();
-              });
+    const auto editSpeed = [](bool ok) {
+        return [ok] {
+            Click(kKeyInjection);
+            Type(kSpeed[0], "55");
+            PressKey(Qt::Key_Return);  // neither key closes the panel
+            PressKey(Qt::Key_Escape);
+            ok ? OK() : Cancel();
+        };
+    };
+    WhileOpen([&] { EXPECT_EQ(panels.KRNDoModal(KRN40mmRecord(), "MITSUBISHI-Electric"), 1); }, editSpeed(false));
     EXPECT_FALSE(panels.IsOK());
-
-    WhileOpen([&] { panels.KRNDoModal(KRN40mmRecord(), "MITSUBISHI-Electric"); },
-              [] {
-                  Click(kKeyInjection);
-                  Type(kSpeed[0], "55");
-                  OK();
-              });
+    WhileOpen([&] { panels.KRNDoModal(KRN40mmRecord(), "MITSUBISHI-Electric"); }, editSpeed(true));
     EXPECT_TRUE(panels.IsOK());
     EXPECT_EQ(KRNProfile(panels.GetMachineData(), MI_FP_PROFILE)[0].second, 55.0);
 }
@@ -179,6 +150,6 @@ TEST(MitsubishiElectric, ReadOnlyCancelAndTheInterface) {
 TEST(MitsubishiElectric, AProfileLeftWithItsEndPointAloneEndsAtZero) {
     CKRNMachineData r = KRN40mmRecord();
     KRNSetProfile(r, MI_P_PROFILE, {{100, 70}});
-    Session s = OpenMitsubishi(r, [] { OK(); });
+    Session s = OpenPanel<Frame>(r, [] { OK(); });
     EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), (KRNPointList{{0, 0}}));
 }
