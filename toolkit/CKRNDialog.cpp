@@ -17,8 +17,12 @@
 
 namespace {
 
-// Feeds every event of a panel's widgets to the PreTranslateMessage of the
+// Feeds the events of a panel's widgets to the PreTranslateMessage of the
 // dialogs around it, innermost first, as the old framework's message loop did.
+// Qt's notices of a widget's own state (polished, moved, shown, reparented,
+// recoloured, ...) are no messages of that loop and are left out: they come
+// by the thousand while a panel opens, and a panel that refreshes its clock
+// on every message would spend its opening on them.
 class KRNMessageFilter : public QObject {
 public:
     static void Acquire() {
@@ -36,7 +40,7 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (!watched->isWidgetType()) return false;
+        if (!watched->isWidgetType() || IsStateNotice(event->type())) return false;
         for (QObject* o = watched; o; o = o->parent()) {
             if (auto* dialog = qobject_cast<CKRNDialog*>(o)) {
                 QPointer<CKRNDialog> alive(dialog);
@@ -48,9 +52,31 @@ protected:
     }
 
 private:
+    static bool IsStateNotice(QEvent::Type type) {
+        switch (type) {
+        case QEvent::Create: case QEvent::Polish: case QEvent::PolishRequest: case QEvent::ChildPolished:
+        case QEvent::ChildAdded: case QEvent::ChildRemoved: case QEvent::ParentChange:
+        case QEvent::ParentAboutToChange: case QEvent::Show: case QEvent::Hide: case QEvent::ShowToParent:
+        case QEvent::HideToParent: case QEvent::Move: case QEvent::Resize: case QEvent::LayoutRequest:
+        case QEvent::DynamicPropertyChange: case QEvent::EnabledChange: case QEvent::StyleChange:
+        case QEvent::FontChange: case QEvent::PaletteChange: case QEvent::ZOrderChange:
+        case QEvent::WindowTitleChange: case QEvent::ContentsRectChange: case QEvent::CursorChange:
+        case QEvent::MouseTrackingChange: case QEvent::AcceptDropsChange: return true;
+        default: return false;
+        }
+    }
     static inline int s_users = 0;
     static inline KRNMessageFilter* s_filter = nullptr;
 };
+
+// Adds bitmap `bitmapId` to an icon at both sizes the module holds: Qt paints
+// the icon with the one that suits the screen the button is on, also after it
+// moves to another screen.
+void AddBitmap(QIcon& icon, int bitmapId, QIcon::Mode mode) {
+    icon.addPixmap(KRNResources::Bitmap(bitmapId), mode);
+    const QPixmap sharp = KRNResources::Bitmap(bitmapId, 2.0);
+    if (sharp.devicePixelRatio() > 1.0) icon.addPixmap(sharp, mode);
+}
 
 }  // namespace
 
@@ -275,19 +301,17 @@ void CKRNDialog::SetDialogColor(unsigned text, unsigned background) {
 void CKRNDialog::SetBitmapButton(int id, int normal, int selected, int focused) {
     auto* button = GetDlgItemAs<QAbstractButton>(id);
     if (!button) return;
-    const QPixmap up = KRNResources::Bitmap(normal);
-    const QPixmap down = KRNResources::Bitmap(selected);
-    const QPixmap focus = KRNResources::Bitmap(focused);
     // Qt draws a focused button's icon in its Active mode.
     auto faces = [=](bool held) {
         QIcon icon;
-        icon.addPixmap(held ? down : up, QIcon::Normal);
-        icon.addPixmap(held ? down : focus, QIcon::Active);
+        AddBitmap(icon, held ? selected : normal, QIcon::Normal);
+        AddBitmap(icon, held ? selected : focused, QIcon::Active);
         return icon;
     };
+    const QSize size = KRNResources::Bitmap(normal).size();
     button->setIcon(faces(false));
-    button->setIconSize(up.size());
-    if (!up.isNull()) button->resize(up.size());
+    button->setIconSize(size);
+    if (!size.isEmpty()) button->resize(size);
     // The faces follow the key from the first call on; later calls only set them again.
     if (button->property("krnBitmapKey").toBool()) return;
     button->setProperty("krnBitmapKey", true);
@@ -298,12 +322,17 @@ void CKRNDialog::SetBitmapButton(int id, int normal, int selected, int focused) 
 void CKRNDialog::SetBitmap(int id, int bitmapId, bool sizeToBitmap) {
     QWidget* w = GetDlgItem(id);
     if (!w) return;
-    const QPixmap pixmap = KRNResources::Bitmap(bitmapId);
+    // On a screen scaled by 2 the picture drawn at twice the pixels; its ratio
+    // keeps the size it covers, so layouts and sizes stay in logical pixels.
+    const QPixmap pixmap = KRNResources::Bitmap(bitmapId, w->devicePixelRatioF());
+    const QSize size = pixmap.deviceIndependentSize().toSize();
     if (auto* label = qobject_cast<QLabel*>(w)) {
         label->setPixmap(pixmap);
     } else if (auto* button = qobject_cast<QAbstractButton*>(w)) {
-        button->setIcon(QIcon(pixmap));
-        button->setIconSize(pixmap.size());
+        QIcon icon;
+        AddBitmap(icon, bitmapId, QIcon::Normal);
+        button->setIcon(icon);
+        button->setIconSize(size);
     }
-    if (sizeToBitmap && !pixmap.isNull()) w->resize(pixmap.size());
+    if (sizeToBitmap && !pixmap.isNull()) w->resize(size);
 }

