@@ -40,6 +40,76 @@ QWidget* VisibleControl(QWidget* dialog, int id, Want want) {
     return nullptr;
 }
 
+bool ParseAddress(const QString& word, Address& address) {
+    const qsizetype colon = word.indexOf(QLatin1Char(':'));
+    const QString number = colon < 0 ? word : word.mid(colon + 1);
+    address = {};
+    bool ok = true;
+    if (colon >= 0) {
+        address.templateId = word.left(colon).toInt(&ok);
+        if (!ok || address.templateId <= 0) return false;
+    }
+    if (number == QLatin1String("IDOK")) address.id = IDOK;
+    else if (number == QLatin1String("IDCANCEL")) address.id = IDCANCEL;
+    else address.id = number.toInt(&ok);
+    return ok;
+}
+
+namespace {
+
+QString Kind(Want want) {
+    switch (want) {
+    case Want::Button: return QStringLiteral("button");
+    case Want::Edit: return QStringLiteral("edit field");
+    case Want::Any: break;
+    }
+    return QStringLiteral("control");
+}
+
+// The page or frame a control belongs to: its nearest panel dialog.
+QWidget* Owner(QWidget* control) {
+    QWidget* w = control->parentWidget();
+    while (w && !qobject_cast<CKRNDialog*>(w)) w = w->parentWidget();
+    return w;
+}
+
+}  // namespace
+
+QWidget* FindControl(QWidget* dialog, const Address& address, Want want, QString& problem) {
+    const QString number = address.id == IDOK ? QStringLiteral("IDOK")
+                           : address.id == IDCANCEL ? QStringLiteral("IDCANCEL")
+                                                     : QString::number(address.id);
+    if (address.templateId == 0) {
+        QWidget* control = VisibleControl(dialog, address.id, want);
+        if (!control) problem = QStringLiteral("no visible %1 %2 on the open dialog").arg(Kind(want), number);
+        return control;
+    }
+    // The frame, or one of its pages; a dialog without pages is its own frame.
+    QWidget* target = TemplateOf(dialog) == address.templateId ? dialog : nullptr;
+    QStringList open{QString::number(TemplateOf(dialog))};
+    for (QWidget* page : Pages(dialog)) {
+        if (page == dialog) continue;
+        open << QString::number(TemplateOf(page));
+        if (!target && TemplateOf(page) == address.templateId) target = page;
+    }
+    if (!target) {
+        problem = QStringLiteral("template %1 is not open (the open dialog holds %2)").arg(address.templateId).arg(open.join(QStringLiteral(", ")));
+        return nullptr;
+    }
+    if (!target->isVisibleTo(dialog) && target != dialog) {
+        problem = QStringLiteral("page %1 is not the page shown").arg(address.templateId);
+        return nullptr;
+    }
+    for (QWidget* w : target->findChildren<QWidget*>(KRNControlName(address.id))) {
+        if (Owner(w) != target || !w->isVisibleTo(dialog)) continue;
+        if (want == Want::Button && !qobject_cast<QAbstractButton*>(w)) continue;
+        if (want == Want::Edit && !qobject_cast<QLineEdit*>(w)) continue;
+        return w;
+    }
+    problem = QStringLiteral("template %1 has no visible %2 %3").arg(address.templateId).arg(Kind(want), number);
+    return nullptr;
+}
+
 QString Text(QWidget* control) {
     if (auto* edit = qobject_cast<QLineEdit*>(control)) return edit->text();
     if (auto* label = qobject_cast<QLabel*>(control)) return label->text();
@@ -67,8 +137,19 @@ void Keys(QWidget* control, const QString& text) {
     }
 }
 
+void Focus(QWidget* control) {
+    if (!control || control->hasFocus()) return;
+    // Focus events reach only the widgets of the active window.
+    if (QWidget* window = control->window(); !window->isActiveWindow()) {
+        window->activateWindow();
+        QApplication::setActiveWindow(window);
+    }
+    control->setFocus(Qt::MouseFocusReason);
+}
+
 void Leave(QWidget* control) {
     if (!control) return;
+    if (control->hasFocus()) return control->clearFocus();
     QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
     QApplication::sendEvent(control, &out);
 }
@@ -77,11 +158,11 @@ void Click(QWidget* control) {
     if (auto* button = qobject_cast<QAbstractButton*>(control)) button->click();
 }
 
-void PressKey(QWidget* dialog, int qtKey) {
+void PressKey(QWidget* dialog, int qtKey, Qt::KeyboardModifiers modifiers) {
     if (!dialog) return;
     QWidget* target = dialog->focusWidget();
     if (!target || !dialog->isAncestorOf(target)) target = dialog;
-    QKeyEvent press(QEvent::KeyPress, qtKey, Qt::NoModifier);
+    QKeyEvent press(QEvent::KeyPress, qtKey, modifiers);
     QApplication::sendEvent(target, &press);
 }
 

@@ -13,19 +13,12 @@
 
 namespace {
 
-bool ParseId(const QString& word, int& id) {
-    if (word == QLatin1String("IDOK")) return id = IDOK, true;
-    if (word == QLatin1String("IDCANCEL")) return id = IDCANCEL, true;
-    bool ok = false;
-    id = word.toInt(&ok);
-    return ok;
-}
-
 QString OneLine(QString text) { return text.replace(QLatin1Char('\n'), QStringLiteral("\\n")); }
 
 }  // namespace
 
 bool KRNScript::Load(const QString& path, QString& problem) {
+    m_strPath = path;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         problem = QStringLiteral("cannot read the script %1").arg(path);
@@ -38,20 +31,21 @@ bool KRNScript::Load(const QString& path, QString& problem) {
         line.remove(comment);
         line = line.trimmed();
         if (line.isEmpty()) continue;
-        const QString where = QStringLiteral("%1:%2: ").arg(path).arg(n + 1);
+        const QString where = Where(n + 1);
         const QString verb = line.section(QLatin1Char(' '), 0, 0);
         const QString id = line.section(QLatin1Char(' '), 1, 1, QString::SectionSkipEmpty);
         const QString text = line.section(QLatin1Char(' '), 2, -1, QString::SectionSkipEmpty);
-        int number = 0;
+        KRNDriver::Address address;
         const bool needsId = verb == QLatin1String("type") || verb == QLatin1String("keys") ||
                              verb == QLatin1String("leave") || verb == QLatin1String("click") ||
                              verb == QLatin1String("expect");
-        if (needsId && !ParseId(id, number)) {
-            problem = where + QStringLiteral("'%1' needs a control number, not '%2'").arg(verb, id);
+        if (needsId && !KRNDriver::ParseAddress(id, address)) {
+            problem = where + QStringLiteral("'%1' needs a control number or TEMPLATE:ID, not '%2'").arg(verb, id);
             return false;
         }
-        if (verb == QLatin1String("key") && id != QLatin1String("enter") && id != QLatin1String("escape")) {
-            problem = where + QStringLiteral("key takes enter or escape");
+        static const QStringList keys = {"enter", "escape", "tab", "shift-tab"};
+        if (verb == QLatin1String("key") && !keys.contains(id)) {
+            problem = where + QStringLiteral("key takes enter, escape, tab or shift-tab, not '%1'").arg(id);
             return false;
         }
         if (verb == QLatin1String("shot") && id.isEmpty()) {
@@ -69,6 +63,8 @@ bool KRNScript::Load(const QString& path, QString& problem) {
     m_bHasActions = true;
     return true;
 }
+
+QString KRNScript::Where(int line) const { return QStringLiteral("%1:%2: ").arg(m_strPath).arg(line); }
 
 void KRNScript::SetOpening(const QString& shotsDir, bool dump) {
     m_strShots = shotsDir;
@@ -139,27 +135,35 @@ void KRNScript::Step() {
 
 void KRNScript::Execute(const Action& a) {
     CKRNDialog* top = KRNDriver::TopDialog();
-    const QString where = QStringLiteral("script line %1: ").arg(a.line);
+    const QString where = Where(a.line);
     if (!top) return Fail(2, where + QStringLiteral("no panel is open"));
 
     if (a.verb == QLatin1String("ok")) return top->OnOK();
     if (a.verb == QLatin1String("cancel")) return top->OnCancel();
-    if (a.verb == QLatin1String("key"))
+    if (a.verb == QLatin1String("key")) {
+        if (a.id == QLatin1String("tab")) return KRNDriver::PressKey(top, Qt::Key_Tab);
+        // Shift+Tab arrives from a keyboard as Backtab with Shift held.
+        if (a.id == QLatin1String("shift-tab")) return KRNDriver::PressKey(top, Qt::Key_Backtab, Qt::ShiftModifier);
         return KRNDriver::PressKey(top, a.id == QLatin1String("enter") ? Qt::Key_Return : Qt::Key_Escape);
+    }
     if (a.verb == QLatin1String("shot")) {
         QString problem;
         if (!KRNWritePng(a.text, top->grab().toImage(), problem)) Fail(2, where + problem);
         return;
     }
 
-    int id = 0;
-    ParseId(a.id, id);
+    KRNDriver::Address address;
+    KRNDriver::ParseAddress(a.id, address);
     // A button for a click, an edit for typing, any control to read or leave.
     const KRNDriver::Want want = a.verb == QLatin1String("click")                                  ? KRNDriver::Want::Button
                                  : a.verb == QLatin1String("type") || a.verb == QLatin1String("keys") ? KRNDriver::Want::Edit
                                                                                                       : KRNDriver::Want::Any;
-    QWidget* control = KRNDriver::VisibleControl(top, id, want);
-    if (!control) return Fail(2, where + QStringLiteral("no visible control %1 on the open dialog").arg(a.id));
+    QString problem;
+    QWidget* control = KRNDriver::FindControl(top, address, want, problem);
+    if (!control) return Fail(2, where + problem);
+    // A person clicks into a field before typing, and the field left takes
+    // its kill focus then, as it does on a desktop.
+    if (want == KRNDriver::Want::Edit) KRNDriver::Focus(control);
     if (a.verb == QLatin1String("type")) KRNDriver::Type(control, a.text);
     else if (a.verb == QLatin1String("keys")) KRNDriver::Keys(control, a.text);
     else if (a.verb == QLatin1String("leave")) KRNDriver::Leave(control);

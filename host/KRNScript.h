@@ -34,7 +34,10 @@ private:
     void Execute(const Action& action);
     void Opening();
     void Fail(int code, const QString& message);
+    // "FILE:LINE: ", the start of every message about a line of the script.
+    QString Where(int line) const;
 
+    QString m_strPath;
     QList<Action> m_Actions;
     int m_nNext = 0;
     int m_nExitCode = 0;

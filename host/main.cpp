@@ -4,7 +4,9 @@
 #include "arburg_selogica/CKRNMachineArburgCalc.h"
 #include "CKRNDialog.h"
 #include "ChartGallery.h"
+#include "KRNDumpJson.h"
 #include "KRNOutputFile.h"
+#include "KRNPanelDriver.h"
 #include "KRNPanelMessages.h"
 #include "KRNPanelTable.h"
 #include "KRNProMachineInterface.h"
@@ -16,6 +18,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,11 +30,12 @@ const char kHelp[] = R"(krn-panel: opens a controller panel of the KRNProcessMac
 
 Usage:
   krn-panel CONTROLLER [--record FILE.json] [--readonly] [--out FILE.json]
-                       [--script FILE] [--shots DIR] [--dump]
+                       [--script FILE] [--shots DIR] [--dump] [--dump-json FILE|-]
   krn-panel keypad VALUE MAX [--script FILE] [--shots DIR] [--dump]
   krn-panel charts DIR
   krn-panel --list
   krn-panel --help
+  krn-panel --version
 
 CONTROLLER is a controller name exactly as a host passes it (e.g. "FANUC-A",
 "JSW-Series"; --list shows them all). The panel opens modally on the record of
@@ -54,18 +58,37 @@ Record JSON: one object whose keys are the record's item names:
   leave ID         the control loses the focus
   click ID         presses a button (ID may be IDOK or IDCANCEL)
   key enter|escape presses Enter or Escape
+  key tab|shift-tab  moves the focus to the next or previous field; the field
+                   left takes its kill focus, as on a desktop
   expect ID TEXT   the control shows TEXT (blanks at both ends ignored), else exit 1
   shot FILE.png    a picture of the topmost dialog
   ok | cancel      the panel's OK or Cancel command
 Actions go to the topmost dialog (a keypad opened by the panel while it is
-open); ID is the number of a visible control. Messages the panel shows are
-printed to standard error as "message: CAPTION: TEXT". A script that ends
-without ok or cancel cancels.
+open). type and keys first put the focus in the field, as a click into it
+does. ID names a visible control in one of two ways:
+  1454             the control of that number that fits the action (a button
+                   for click, an edit field for type and keys, any control for
+                   expect and leave), on the page shown first, then on the
+                   frame: where a screen uses one number for a frame key and a
+                   page field, "click 1454" presses the key and "expect 1454"
+                   reads the field
+  31145:1454       control 1454 of template 31145: the page shown, or the frame
+--dump lists the templates and numbers. An error in a script (a line that
+cannot be read, a control that is not there, an expectation that fails) is
+reported as "FILE:LINE: what". Messages the panel shows are printed to
+standard error as "message: CAPTION: TEXT"; Qt's own warnings there start
+with "qt: ". A script that ends without ok or cancel cancels.
 
 --shots DIR writes a PNG of every page (DIR/<template>.png) as the panel opens;
 --dump prints every visible numbered field of every page as
-"<page template> <id> <text>". With --shots or --dump and no --script the panel
-closes after them; with no display Qt's offscreen platform is used.
+"<page template> <id> <text>". --dump-json FILE writes the same as JSON to FILE
+(- for standard output): {"pages": [...]}, the frame first, then its pages in
+the order of its keys, each with "template", "class", "frame", "shown" and its
+"controls" sorted by id: "id", "kind" (edit, label, picture, button, check,
+radio, chart, other), "text", "enabled", "readOnly" and "accessibleName" (what
+the control holds, e.g. "Speed, stage 1"). With --shots, --dump or --dump-json
+and no --script the panel closes after them; with no display Qt's offscreen
+platform is used.
 
 keypad VALUE MAX opens the stage-count keypad alone and prints the chosen value
 after confirm. charts DIR draws every profile chart look into DIR/<class>.png.
@@ -76,6 +99,18 @@ missing or damaged, a panel that cannot open, or output (record, picture,
 standard output) that cannot be written. A file written is complete or left as
 it was.
 )";
+
+// Qt's own output on standard error, told apart from the panel's "message:"
+// lines. Without a session (a CI job, a container) Qt warns that
+// XDG_RUNTIME_DIR is not set; the panels never use that folder, so it is dropped.
+void QtMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set"))) return;
+    // Every line is marked, so a message over several lines stays Qt's.
+    QString shown = qFormatLogMessage(type, context, text);
+    shown.replace(QLatin1Char('\n'), QStringLiteral("\nqt: "));
+    std::fprintf(stderr, "qt: %s\n", qPrintable(shown));
+    if (type == QtFatalMsg) std::abort();
+}
 
 int Usage(const QString& problem) {
     std::fprintf(stderr, "krn-panel: %s\n(krn-panel --help explains the usage)\n", qPrintable(problem));
@@ -91,6 +126,7 @@ void PrintControllers(FILE* out) {
 struct Options {
     QString controller;
     QString record, out, script, shots;
+    QString dumpJson;  // file of the JSON dump, "-" for standard output
     bool readOnly = false, dump = false;
     QStringList positional;
 };
@@ -113,6 +149,7 @@ std::optional<Options> Parse(const QStringList& args, QString& problem) {
         else if (a == QLatin1String("--shots")) { if (!value(o.shots)) return std::nullopt; }
         else if (a == QLatin1String("--readonly")) o.readOnly = true;
         else if (a == QLatin1String("--dump")) o.dump = true;
+        else if (a == QLatin1String("--dump-json")) { if (!value(o.dumpJson)) return std::nullopt; }
         else if (a.startsWith(QLatin1String("--"))) { problem = QStringLiteral("unknown option ") + a; return std::nullopt; }
         else o.positional << a;
     }
@@ -171,6 +208,11 @@ private:
 // naming the file and what is wrong with it when it is missing or damaged.
 bool LoadResourceModule(CKRNProMachineInterface& module) {
     if (module.Initialize("")) return true;
+    // Installed, krn-panel sits in bin/ and the module beside the library.
+    const QString installed = QCoreApplication::applicationDirPath() + QLatin1String("/" KRN_MODULE_FROM_PROGRAM);
+    if (QFile::exists(installed)) {
+        if (module.Initialize(installed.toStdString())) return true;
+    }
     std::fprintf(stderr, "krn-panel: %s\n", qPrintable(KRNResources::LastProblem()));
     return false;
 }
@@ -181,6 +223,7 @@ int RunKeypad(const Options& o) {
     const int value = o.positional[0].toInt(&okValue);
     const int max = o.positional[1].toInt(&okMax);
     if (!okValue || !okMax) return Usage(QStringLiteral("keypad VALUE and MAX must be whole numbers"));
+    if (!o.dumpJson.isEmpty()) return Usage(QStringLiteral("the keypad has no --dump-json; --dump shows its fields"));
     QString problem;
     KRNScript script;
     if (!PrepareScript(o, script, problem)) return Usage(problem);
@@ -218,6 +261,26 @@ int RunPanel(const Options& o) {
     if (!LoadResourceModule(panels)) return 2;
     std::int64_t known = 0;
     PanelShownWatch watch;
+    // The JSON dump is taken as the panel opens, before any scripted action.
+    bool dumped = false, dumpFailed = false;
+    auto writeDump = [&](const QByteArray& json) {
+        dumped = true;
+        if (o.dumpJson == QLatin1String("-")) {
+            std::fwrite(json.constData(), 1, static_cast<std::size_t>(json.size()), stdout);
+            return;
+        }
+        QString problem;
+        if (KRNWriteOutput(o.dumpJson, json, problem)) return;
+        std::fprintf(stderr, "krn-panel: %s\n", qPrintable(problem));
+        dumpFailed = true;
+    };
+    QObject dumpTimer;  // a dump still pending dies with this call
+    if (!o.dumpJson.isEmpty()) {
+        QTimer::singleShot(0, &dumpTimer, [&] {
+            if (CKRNDialog* panel = KRNDriver::TopDialog()) writeDump(KRNDumpJson(panel));
+            if (dumpFailed || (o.script.isEmpty() && o.shots.isEmpty() && !o.dump)) KRNDriver::CancelAll();
+        });
+    }
     script.Run([&] { known = panels.KRNDoModal(record, o.controller.toStdString()); });
     if (!known) {
         std::fprintf(stderr, "krn-panel: \"%s\" is no controller name; the names are:\n", qPrintable(o.controller));
@@ -229,6 +292,8 @@ int RunPanel(const Options& o) {
         std::fprintf(stderr, "krn-panel: the panel of \"%s\" could not open\n", qPrintable(o.controller));
         return 2;
     }
+    if (!o.dumpJson.isEmpty() && !dumped) writeDump(KRNDumpJson(nullptr));  // no panel: no pages
+    if (dumpFailed) return 2;
     if ((panels.IsOK() || !hasPanel) && !WriteRecord(panels.GetMachineData(), o.out)) return 2;
     return script.ExitCode();
 }
@@ -237,6 +302,10 @@ int Run(const QStringList& args) {
     if (args.isEmpty()) return Usage(QStringLiteral("name a controller"));
     if (args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
         std::fputs(kHelp, stdout);
+        return 0;
+    }
+    if (args.first() == QLatin1String("--version")) {
+        std::printf("krn-panel %s\n", KRN_VERSION);
         return 0;
     }
     if (args.first() == QLatin1String("--list")) {
@@ -270,6 +339,7 @@ int Run(const QStringList& args) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    qInstallMessageHandler(QtMessage);
     // Without a display the panels still open, on Qt's offscreen platform.
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") && !std::getenv("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -11,9 +11,21 @@ cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_INSTALL_P
 cmake --build build -j "$jobs"
 
 echo "== tests"
-ctest --test-dir build --output-on-failure
+ctest --test-dir build --output-on-failure -LE display
 echo "== tests under de_DE.UTF-8 (comma decimal)"
-LC_ALL=de_DE.UTF-8 LANG=de_DE.UTF-8 ctest --test-dir build --output-on-failure
+LC_ALL=de_DE.UTF-8 LANG=de_DE.UTF-8 ctest --test-dir build --output-on-failure -LE display
+
+if command -v Xvfb >/dev/null && command -v xdotool >/dev/null; then
+  echo "== the demo panel on a real X display (Xvfb, xcb, xdotool)"
+  ctest --test-dir build --output-on-failure -L display
+else
+  echo "== no Xvfb or xdotool: the real-display smoke test is left out"
+fi
+
+if command -v doxygen >/dev/null; then
+  echo "== API reference of the public headers (a Doxygen warning fails it)"
+  cmake --build build --target doc
+fi
 
 echo "== installed package, used by a host outside the tree"
 cmake --install build >/dev/null
@@ -21,6 +33,18 @@ cmake -S examples/consumer -B build/consumer -G Ninja -DCMAKE_PREFIX_PATH="$PWD/
 cmake --build build/consumer
 QT_QPA_PLATFORM=offscreen build/consumer/krn-consumer
 LC_ALL=de_DE.UTF-8 LANG=de_DE.UTF-8 QT_QPA_PLATFORM=offscreen build/consumer/krn-consumer
+# The same host built with pkg-config's flags alone, and the installed krn-panel.
+pc_path="$PWD/build/install/lib/pkgconfig"
+[ -d "$pc_path" ] || pc_path=$(dirname "$(find build/install -name KRNProcessMachineEngine.pc | head -n1)")
+export PKG_CONFIG_PATH="$pc_path"
+echo "pkg-config: KRNProcessMachineEngine $(pkg-config --modversion KRNProcessMachineEngine)"
+# shellcheck disable=SC2046
+c++ -std=c++17 -o build/consumer/krn-consumer-pc examples/consumer/main.cpp \
+  $(pkg-config --cflags --libs KRNProcessMachineEngine) \
+  -Wl,-rpath,"$(pkg-config --variable=libdir KRNProcessMachineEngine)"
+QT_QPA_PLATFORM=offscreen build/consumer/krn-consumer-pc
+unset PKG_CONFIG_PATH
+build/install/bin/krn-panel --version
 
 echo "== tests built with address, undefined-behaviour and leak sanitizers"
 cmake -S . -B build-asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DKRN_SANITIZE=ON -DKRN_BUILD_BENCH=OFF >/dev/null

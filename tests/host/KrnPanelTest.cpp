@@ -6,6 +6,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -16,6 +17,13 @@
 #include <sys/resource.h>
 
 namespace {
+
+QString WriteFile(const QTemporaryDir& dir, const char* name, const QByteArray& text) {
+    QFile file(dir.filePath(name));
+    file.open(QIODevice::WriteOnly);
+    file.write(text);
+    return file.fileName();
+}
 
 struct PanelRun {
     int code = -1;
@@ -28,13 +36,7 @@ PanelRun KrnPanel(const QStringList& args, const QByteArray& script = {},
                   const std::function<void(QProcess&)>& setUp = {}) {
     static QTemporaryDir dir;
     QStringList all = args;
-    if (!script.isEmpty()) {
-        QFile file(dir.filePath("script.txt"));
-        file.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        file.write(script);
-        file.close();
-        all << "--script" << file.fileName();
-    }
+    if (!script.isEmpty()) all << "--script" << WriteFile(dir, "script.txt", script);
     QProcess p;
     p.setProgram(QStringLiteral(KRN_PANEL_EXE));
     p.setArguments(all);
@@ -43,92 +45,6 @@ PanelRun KrnPanel(const QStringList& args, const QByteArray& script = {},
     p.waitForFinished(60000);
     return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()), QString::fromUtf8(p.readAllStandardError())};
 }
-
-QString WriteFile(const QTemporaryDir& dir, const char* name, const QByteArray& text) {
-    QFile file(dir.filePath(name));
-    file.open(QIODevice::WriteOnly);
-    file.write(text);
-    return file.fileName();
-}
-
-}  // namespace
-
-TEST(KrnPanel, KeypadReachesEveryOutcome) {
-    PanelRun ten = KrnPanel({"keypad", "2", "10"}, "expect 1366 2\nclick 1367\nclick 1377\nexpect 1366 10\nclick 1387\n");
-    EXPECT_EQ(ten.code, 0) << qPrintable(ten.err);
-    EXPECT_EQ(ten.out.trimmed(), "10");
-
-    PanelRun over = KrnPanel({"keypad", "2", "5"}, "click 1367\nclick 1377\nclick 1387\ncancel\n");
-    EXPECT_EQ(over.code, 0);
-    EXPECT_TRUE(over.err.contains("message: Machine Panel: Can't more than 5")) << qPrintable(over.err);
-    EXPECT_TRUE(over.out.isEmpty());
-
-    PanelRun zero = KrnPanel({"keypad", "2", "5"}, "click 1370\nclick 1387\n");  // ends without ok: cancels
-    EXPECT_TRUE(zero.err.contains("Can't smaller than 0"));
-    EXPECT_TRUE(zero.out.isEmpty());
-}
-
-TEST(KrnPanel, ExpectationsAndBadScripts) {
-    PanelRun wrong = KrnPanel({"keypad", "3", "5"}, "expect 1366 4\n");
-    EXPECT_EQ(wrong.code, 1);
-    EXPECT_TRUE(wrong.err.contains("shows \"3\", expected \"4\"")) << qPrintable(wrong.err);
-
-    PanelRun missing = KrnPanel({"keypad", "3", "5"}, "click 4242\n");
-    EXPECT_EQ(missing.code, 2);
-    EXPECT_TRUE(missing.err.contains("4242"));
-
-    PanelRun unknownAction = KrnPanel({"keypad", "3", "5"}, "# a comment\npush 1367\n");
-    EXPECT_EQ(unknownAction.code, 2);
-    EXPECT_TRUE(unknownAction.err.contains(":2: unknown action 'push'")) << qPrintable(unknownAction.err);
-}
-
-TEST(KrnPanel, ControllersWithoutPanelAndUnknownNames) {
-    PanelRun panelless = KrnPanel({"FANUC-B"});
-    EXPECT_EQ(panelless.code, 0) << qPrintable(panelless.err);
-    EXPECT_TRUE(panelless.out.contains("\"MC_SCREW_DIAMETER\": 40")) << qPrintable(panelless.out);
-
-    PanelRun unknown = KrnPanel({"fanuc-a"});
-    EXPECT_EQ(unknown.code, 2);
-    EXPECT_TRUE(unknown.err.contains("\"FANUC-A\"")) << qPrintable(unknown.err);
-    EXPECT_TRUE(unknown.err.contains("\"CHEN HSONG-CDC2000\""));
-
-    PanelRun help = KrnPanel({"--help"});
-    EXPECT_EQ(help.code, 0);
-    EXPECT_TRUE(help.out.contains("expect ID TEXT"));
-}
-
-TEST(KrnPanel, RecordFilesRoundTripAndBadOnesAreNamed) {
-    QTemporaryDir dir;
-    const QString good = WriteFile(dir, "good.json",
-                                   R"({"MC_SCREW_DIAMETER": 22, "MI_FP_PROFILE": [[100, 30], [0, 30]],
-                                       "PI_PROCESS_VALUE": 5, "MI_READ_ONLY": true, "language": "zh-TW"})");
-    PanelRun back = KrnPanel({"TACT", "--record", good});
-    EXPECT_EQ(back.code, 0) << qPrintable(back.err);
-    EXPECT_TRUE(back.out.contains("\"MC_SCREW_DIAMETER\": 22"));
-    EXPECT_TRUE(back.out.contains("\"PI_PROCESS_VALUE\": 5"));
-    EXPECT_TRUE(back.out.contains("\"language\": \"zh-TW\""));
-    EXPECT_TRUE(back.out.contains("\"MI_READ_ONLY\": true"));
-
-    const struct {
-        const char* json;
-        const char* named;
-    } bad[] = {
-        {R"({"MI_NOTHING": 1})", "MI_NOTHING"},
-        {R"({"MI_FILLING_TIME": "fast"})", "MI_FILLING_TIME"},
-        {R"({"MI_FP_PROFILE": [[1, 2, 3]]})", "MI_FP_PROFILE"},
-        {R"({"MI_VP_SWITCH_CTRL": 1.5})", "MI_VP_SWITCH_CTRL"},
-        {R"([1, 2])", "one JSON object"},
-        {R"({"MI_READ_ONLY": 1})", "MI_READ_ONLY"},
-    };
-    for (const auto& b : bad) {
-        PanelRun r = KrnPanel({"TACT", "--record", WriteFile(dir, "bad.json", b.json)});
-        EXPECT_EQ(r.code, 2) << b.json;
-        EXPECT_TRUE(r.err.contains(b.named)) << b.json << " -> " << qPrintable(r.err);
-        EXPECT_TRUE(r.out.isEmpty());
-    }
-}
-
-namespace {
 
 // A copy of krn-panel in `dir` with `module` beside it as KRNPANEL.rcc (none
 // when empty), run from that folder so no other module is found.
@@ -150,42 +66,177 @@ QByteArray ReadAll(const QString& path) {
 
 }  // namespace
 
-TEST(KrnPanel, AMissingOrDamagedResourceModuleIsNamedAndExitsTwo) {
+// Standard error holds the panel's messages and Qt's own lines apart: with
+// every Qt debug category on, each line is marked, and the warning about a
+// missing XDG_RUNTIME_DIR (harmless for the panels) is left out.
+TEST(KrnPanel, KeypadReachesEveryOutcomeAndItsMessagesStandApartFromQts) {
+    PanelRun ten = KrnPanel({"keypad", "2", "10"}, "expect 1366 2\nclick 1367\nclick 1377\nexpect 1366 10\nclick 1387\n");
+    EXPECT_EQ(ten.code, 0) << qPrintable(ten.err);
+    EXPECT_EQ(ten.out.trimmed(), "10");
+
+    PanelRun over = KrnPanel({"keypad", "2", "5"}, "click 1367\nclick 1377\nclick 1387\ncancel\n", [](QProcess& p) {
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.remove("XDG_RUNTIME_DIR");
+        env.insert("QT_LOGGING_RULES", "*.debug=true");
+        p.setProcessEnvironment(env);
+    });
+    EXPECT_EQ(over.code, 0);
+    EXPECT_TRUE(over.out.isEmpty());
+    EXPECT_FALSE(over.err.contains("XDG_RUNTIME_DIR")) << qPrintable(over.err);
+    EXPECT_TRUE(over.err.contains("qt: ")) << "no Qt output seen; the check below would prove nothing";
+    QStringList messages;
+    for (const QString& line : over.err.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        EXPECT_TRUE(line.startsWith("qt: ") || line.startsWith("message: ")) << qPrintable(line);
+        if (line.startsWith("message: ")) messages << line;
+    }
+    EXPECT_EQ(messages, QStringList{"message: Machine Panel: Can't more than 5"});
+
+    PanelRun zero = KrnPanel({"keypad", "2", "5"}, "click 1370\nclick 1387\n");  // ends without ok: cancels
+    EXPECT_TRUE(zero.err.contains("Can't smaller than 0"));
+    EXPECT_TRUE(zero.out.isEmpty());
+}
+
+TEST(KrnPanel, ControllersWithoutPanelAndUnknownNames) {
+    PanelRun panelless = KrnPanel({"FANUC-B"});
+    EXPECT_EQ(panelless.code, 0) << qPrintable(panelless.err);
+    EXPECT_TRUE(panelless.out.contains("\"MC_SCREW_DIAMETER\": 40")) << qPrintable(panelless.out);
+
+    PanelRun unknown = KrnPanel({"fanuc-a"});
+    EXPECT_EQ(unknown.code, 2);
+    EXPECT_TRUE(unknown.err.contains("\"FANUC-A\"")) << qPrintable(unknown.err);
+    EXPECT_TRUE(unknown.err.contains("\"CHEN HSONG-CDC2000\""));
+
+    PanelRun help = KrnPanel({"--help"});
+    EXPECT_EQ(help.code, 0);
+    EXPECT_TRUE(help.out.contains("expect ID TEXT") && help.out.contains("31145:1454")) << qPrintable(help.out);
+
+    PanelRun version = KrnPanel({"--version"});
+    EXPECT_EQ(version.code, 0);
+    EXPECT_TRUE(QRegularExpression("^krn-panel \\d+\\.\\d+\\.\\d+\n$").match(version.out).hasMatch())
+        << qPrintable(version.out);
+}
+
+// The JSW screens use 1454 twice: the frame's temperature key (31147) and
+// the machine's shot volume on the temperature and injection pages.
+TEST(KrnPanel, ANumberMeansTheControlThatFitsTheActionAndTemplateIdNamesOne) {
+    PanelRun r = KrnPanel({"JSW-Series"}, R"(expect 1454 251.00 cm^3  # the page's field, not the key
+expect 31147:1454 TEMPERATURE
+expect 31144:1454 251.00 cm^3
+click 1455                # the injection page
+expect 31145:1454 251.00 cm^3
+click 1454                # a click means the frame's key: back to temperatures
+expect 31144:1397 260.00
+type 1397 250             # an edit: the page's melt temperature
+expect 31144:1397 250
+click 31147:IDOK
+)");
+    EXPECT_EQ(r.code, 0) << qPrintable(r.err);
+    EXPECT_TRUE(r.out.contains("\"MI_MELT_TEMPERATURE\": 250")) << qPrintable(r.out);
+}
+
+// Whatever goes wrong in a script, the message starts with its file and line;
+// an expectation that fails exits 1, a script that cannot run exits 2.
+TEST(KrnPanel, ScriptErrorsNameTheFileAndLine) {
+    const struct {
+        const char* script;
+        const char* said;
+    } cases[] = {
+        {"click 1455\nexpect 31144:1397 260.00\n", "script.txt:2: page 31144 is not the page shown"},
+        {"# comment\n\nexpect 31999:1 x\n",
+         "script.txt:3: template 31999 is not open (the open dialog holds 31147, 31144, 31145, 31146)"},
+        {"type 31147:1454 5\n", "script.txt:1: template 31147 has no visible edit field 1454"},
+        {"expect 31147:1397 x\n", "script.txt:1: template 31147 has no visible control 1397"},
+        {"click 1397\n", "script.txt:1: no visible button 1397 on the open dialog"},
+        {"click 4242\n", "script.txt:1: no visible button 4242 on the open dialog"},
+        {"expect 1454 TEMPERATURE\n", "script.txt:1: control 1454 shows \"251.00 cm^3\", expected \"TEMPERATURE\""},
+        {"ok\nexpect 31145: 1\n", "script.txt:2: 'expect' needs a control number or TEMPLATE:ID, not '31145:'"},
+        {"# a comment\npush 1367\n", "script.txt:2: unknown action 'push'"},
+        {"key space\n", "script.txt:1: key takes enter, escape, tab or shift-tab, not 'space'"},
+    };
+    for (const auto& c : cases) {
+        PanelRun r = KrnPanel({"JSW-Series"}, c.script);
+        EXPECT_EQ(r.code, QByteArray(c.said).contains("expected \"") ? 1 : 2) << c.script;
+        EXPECT_TRUE(r.err.contains(c.said)) << c.script << " -> " << qPrintable(r.err);
+        EXPECT_TRUE(r.out.isEmpty()) << c.script;
+    }
+}
+
+// CLF stage positions are checked when the field is left. Tab and Shift+Tab
+// leave it as on a desktop: 42 mm (not above stage 2's position) is refused
+// and the field restored; 50 mm is taken, as 50 / 120 mm = 41.67 % of the
+// stroke. Without leaving the field, OK keeps stage 3 at 60 %.
+TEST(KrnPanel, TabAndShiftTabLeaveTheFieldAsOnADesktop) {
+    const QString record = QStringLiteral(KRN_SOURCE_DIR "/examples/records/housing-40mm.json");
+    auto stage3 = [&](const char* leaving) {
+        const QByteArray script = QByteArray("click 1336\nkeys 1382 42\nkey tab\nexpect 1382 72.00\nkeys 1382 50\n") +
+                                  leaving + "ok\n";
+        PanelRun r = KrnPanel({"CLF-Series", "--record", record}, script);
+        EXPECT_EQ(r.code, 0) << qPrintable(r.err);
+        EXPECT_EQ(r.err.count("message: "), 1) << qPrintable(r.err);
+        EXPECT_TRUE(r.err.contains("message: Machine Panel: Please enter a value not above 102.00 and not below 42.00."))
+            << qPrintable(r.err);
+        return QJsonDocument::fromJson(r.out.toUtf8())["MI_FP_PROFILE"][2][0].toDouble();
+    };
+    EXPECT_NEAR(stage3("key shift-tab\n"), 100.0 * 50 / 120, 1e-9);
+    EXPECT_NEAR(stage3("key tab\n"), 100.0 * 50 / 120, 1e-9);
+    EXPECT_EQ(stage3(""), 60.0);
+}
+
+// Records of the wrong shape or type per key are refused in RecordSchemaTest.
+TEST(KrnPanel, RecordFilesRoundTripAndBadOnesAreNamed) {
+    QTemporaryDir dir;
+    const QString good = WriteFile(dir, "good.json",
+                                   R"({"MC_SCREW_DIAMETER": 22, "MI_FP_PROFILE": [[100, 30], [0, 30]],
+                                       "PI_PROCESS_VALUE": 5, "MI_READ_ONLY": true, "language": "zh-TW"})");
+    PanelRun back = KrnPanel({"TACT", "--record", good});
+    EXPECT_EQ(back.code, 0) << qPrintable(back.err);
+    for (const char* kept : {"\"MC_SCREW_DIAMETER\": 22", "\"PI_PROCESS_VALUE\": 5", "\"language\": \"zh-TW\"", "\"MI_READ_ONLY\": true"})
+        EXPECT_TRUE(back.out.contains(kept)) << kept << " -> " << qPrintable(back.out);
+
+    const struct {
+        const char* json;
+        const char* named;
+    } bad[] = {
+        {R"({"MI_NOTHING": 1})", "MI_NOTHING"},
+        {R"({"MI_VP_SWITCH_CTRL": 1.5})", "MI_VP_SWITCH_CTRL"},
+        {R"([1, 2])", "one JSON object"},
+    };
+    for (const auto& b : bad) {
+        PanelRun r = KrnPanel({"TACT", "--record", WriteFile(dir, "bad.json", b.json)});
+        EXPECT_EQ(r.code, 2) << b.json;
+        EXPECT_TRUE(r.err.contains(b.named)) << b.json << " -> " << qPrintable(r.err);
+        EXPECT_TRUE(r.out.isEmpty());
+    }
+}
+
+// A copy of krn-panel beside a module that is missing, cut short in copying
+// (damaged, not missing), altered, or holds only the keypad's template.
+TEST(KrnPanel, AMissingOrDamagedResourceModuleOrTemplateIsNamedAndExitsTwo) {
     QTemporaryDir dir;
     const QByteArray module = ReadAll(QStringLiteral(KRN_TEST_RESOURCE_MODULE));
+    const QByteArray keypadOnly = ReadAll(QStringLiteral(KRN_TEST_MODULE_DIR "/keypad-only.rcc"));
     ASSERT_FALSE(module.isEmpty());
-
-    PanelRun whole = KrnPanel({"keypad", "2", "5"}, "expect 1366 2\n", BesideModule(dir, module));
-    EXPECT_EQ(whole.code, 0) << qPrintable(whole.err);
-
-    PanelRun missing = KrnPanel({"FANUC-A"}, {}, BesideModule(dir, QByteArray()));
-    EXPECT_EQ(missing.code, 2);
-    EXPECT_TRUE(missing.err.contains("resource module \"KRNPANEL.rcc\" was not found")) << qPrintable(missing.err);
-
-    // A module cut short in copying exists: it is damaged, not missing.
-    PanelRun cut = KrnPanel({"FANUC-A"}, {}, BesideModule(dir, module.left(module.size() / 2)));
-    EXPECT_EQ(cut.code, 2);
-    const QString shown = QFileInfo(dir.filePath("KRNPANEL.rcc")).canonicalFilePath();
-    EXPECT_TRUE(cut.err.contains(shown + "\" is damaged: ")) << qPrintable(cut.err);
-    EXPECT_FALSE(cut.err.contains("not found"));
+    ASSERT_FALSE(keypadOnly.isEmpty());
 
     QByteArray flipped = module;
     flipped[100] = char(flipped[100] ^ 0x10);
-    PanelRun bad = KrnPanel({"keypad", "2", "5"}, {}, BesideModule(dir, flipped));
-    EXPECT_EQ(bad.code, 2);
-    EXPECT_TRUE(bad.err.contains("is damaged: its contents do not match their SHA-256 checksum")) << qPrintable(bad.err);
-    EXPECT_TRUE(bad.out.isEmpty());
-}
+    const struct {
+        QByteArray module;
+        QString said;
+    } broken[] = {
+        {QByteArray(), "resource module \"KRNPANEL.rcc\" was not found"},
+        {module.left(module.size() / 2), QFileInfo(dir.path()).canonicalFilePath() + "/KRNPANEL.rcc\" is damaged: "},
+        {flipped, "is damaged: its contents do not match their SHA-256 checksum"},
+    };
+    for (const auto& b : broken) {
+        PanelRun r = KrnPanel({"keypad", "2", "5"}, {}, BesideModule(dir, b.module));
+        EXPECT_EQ(r.code, 2);
+        EXPECT_TRUE(r.err.contains(b.said)) << qPrintable(r.err);
+        EXPECT_TRUE(r.out.isEmpty());
+    }
 
-TEST(KrnPanel, APanelWhoseTemplateIsMissingExitsTwo) {
-    // A whole module that holds only the keypad: the keypad opens, the
-    // S2000i frame cannot.
-    QTemporaryDir dir;
-    const QByteArray keypadOnly = ReadAll(QStringLiteral(KRN_TEST_MODULE_DIR "/keypad-only.rcc"));
-    ASSERT_FALSE(keypadOnly.isEmpty());
     PanelRun keypad = KrnPanel({"keypad", "2", "5"}, "expect 1366 2\n", BesideModule(dir, keypadOnly));
     EXPECT_EQ(keypad.code, 0) << qPrintable(keypad.err);
-
     PanelRun panel = KrnPanel({"FANUC-A", "--out", dir.filePath("record.json")}, {}, BesideModule(dir, keypadOnly));
     EXPECT_EQ(panel.code, 2);
     EXPECT_TRUE(panel.err.contains("The dialog template 31157 is missing")) << qPrintable(panel.err);
@@ -193,41 +244,35 @@ TEST(KrnPanel, APanelWhoseTemplateIsMissingExitsTwo) {
     EXPECT_FALSE(QFile::exists(dir.filePath("record.json")));
 }
 
-TEST(KrnPanel, OutputThatCannotBeWrittenIsAnError) {
-    PanelRun full = KrnPanel({"FANUC-B", "--out", "/dev/full"});
-    EXPECT_EQ(full.code, 2);
-    EXPECT_TRUE(full.err.contains("cannot write /dev/full: ")) << qPrintable(full.err);
-
+// An out file is either complete or as it was; every place that cannot be
+// written is named.
+TEST(KrnPanel, OutputThatCannotBeWrittenIsAnErrorAndLeavesTheOldRecord) {
     QTemporaryDir dir;
     const QString nowhere = dir.filePath("no-such-folder/record.json");
-    PanelRun lost = KrnPanel({"FANUC-B", "--out", nowhere});
-    EXPECT_EQ(lost.code, 2);
-    EXPECT_TRUE(lost.err.contains("cannot write " + nowhere)) << qPrintable(lost.err);
+    const QString shotNowhere = dir.filePath("no-such-folder/k.png");
+    const struct {
+        QStringList args;
+        QByteArray script;
+        QString said;
+    } cases[] = {
+        {{"FANUC-B", "--out", "/dev/full"}, {}, "cannot write /dev/full: "},
+        {{"FANUC-B", "--out", nowhere}, {}, "cannot write " + nowhere},
+        {{"FANUC-B", "--out", dir.path()}, {}, "it is a folder"},
+        {{"keypad", "2", "5"}, "shot /dev/full\n", "script.txt:1: cannot write /dev/full"},
+        {{"keypad", "2", "5"}, "shot " + shotNowhere.toUtf8() + "\n", "cannot write " + shotNowhere},
+    };
+    for (const auto& c : cases) {
+        PanelRun r = KrnPanel(c.args, c.script);
+        EXPECT_EQ(r.code, 2) << qPrintable(c.args.join(' '));
+        EXPECT_TRUE(r.err.contains(c.said)) << qPrintable(r.err);
+    }
     EXPECT_FALSE(QFile::exists(dir.filePath("no-such-folder")));
-
-    PanelRun folder = KrnPanel({"FANUC-B", "--out", dir.path()});
-    EXPECT_EQ(folder.code, 2);
-    EXPECT_TRUE(folder.err.contains("it is a folder")) << qPrintable(folder.err);
-
     PanelRun toStdout = KrnPanel({"FANUC-B"}, {}, [](QProcess& p) { p.setStandardOutputFile("/dev/full"); });
     EXPECT_EQ(toStdout.code, 2);
     EXPECT_TRUE(toStdout.err.contains("cannot write to standard output")) << qPrintable(toStdout.err);
 
-    PanelRun shot = KrnPanel({"keypad", "2", "5"}, "shot /dev/full\n");
-    EXPECT_EQ(shot.code, 2);
-    EXPECT_TRUE(shot.err.contains("script line 1: cannot write /dev/full")) << qPrintable(shot.err);
-
-    PanelRun shotNowhere = KrnPanel({"keypad", "2", "5"}, "shot " + nowhere.toUtf8().replace("record.json", "k.png") + "\n");
-    EXPECT_EQ(shotNowhere.code, 2);
-    EXPECT_TRUE(shotNowhere.err.contains("cannot write")) << qPrintable(shotNowhere.err);
-}
-
-TEST(KrnPanel, AnOutFileIsEitherCompleteOrAsItWas) {
-    QTemporaryDir dir;
+    // A disk that takes no more than 64 bytes per file: the old record survives.
     const QString out = WriteFile(dir, "record.json", "the old record\n");
-
-    // A disk that takes no more than 64 bytes per file: the new record cannot
-    // be written, and the old one must survive.
     PanelRun full = KrnPanel({"FANUC-B", "--out", out}, {}, [](QProcess& p) {
         p.setChildProcessModifier([] {
             const rlimit small{64, 64};
@@ -242,10 +287,7 @@ TEST(KrnPanel, AnOutFileIsEitherCompleteOrAsItWas) {
 
     PanelRun done = KrnPanel({"FANUC-B", "--out", out});
     EXPECT_EQ(done.code, 0) << qPrintable(done.err);
-    QJsonParseError error{};
-    const QJsonDocument record = QJsonDocument::fromJson(ReadAll(out), &error);
-    EXPECT_EQ(error.error, QJsonParseError::NoError);
-    EXPECT_EQ(record["MC_SCREW_DIAMETER"].toDouble(), 40.0);
+    EXPECT_EQ(QJsonDocument::fromJson(ReadAll(out))["MC_SCREW_DIAMETER"].toDouble(), 40.0);
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{"record.json"});
 }
 
