@@ -9,6 +9,8 @@
 #include "common/KRNPageCharts.h"
 #include "common/KRNStageRoutines.h"
 
+#include <QAbstractButton>
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -55,11 +57,15 @@ KRNStages::Points DoseShares(const KRNStages::Points& points) {
 
 // ---- production sequence ------------------------------------------------------------------
 
+namespace {
+QString Seconds(double s) { return KRNFormatValue("%.2f s", s); }
+QString Millimetres(double mm) { return KRNFormatValue("%.1f mm", mm); }
+}  // namespace
+
 CMACHINE_ARBURG_SELOGICA_DIRECT_MACHINEPRODUCTIONSEQUENCE_PAGE::
     CMACHINE_ARBURG_SELOGICA_DIRECT_MACHINEPRODUCTIONSEQUENCE_PAGE(const CKRNMachineData& data, QWidget* frame)
     : CKRNPanelPage(IDD_PRODUCTION_SEQUENCE, data, frame) {
-    const int keys[3] = {IDC_SEQ_PICTURE_1, IDC_SEQ_PICTURE_2, IDC_SEQ_PICTURE_3};
-    for (int k = 0; k < 3; ++k) OnClicked(keys[k], [this, k] { ShowPicture(k); });
+    for (int k = 0; k < 3; ++k) OnClicked(kSequenceKeys[k], [this, k] { ShowPicture(k); });
     SetDialogColor(kScreenText, kScreenBack);
 }
 
@@ -67,13 +73,38 @@ bool CMACHINE_ARBURG_SELOGICA_DIRECT_MACHINEPRODUCTIONSEQUENCE_PAGE::OnInitDialo
     ShowPicture(m_nPicture);
     SetDlgItemText(IDC_SEQ_PROCESS, QString::fromStdString(m_MachineData.GetProcessName()));
     SetDlgItemText(IDC_SEQ_MATERIAL, QString::fromStdString(m_MachineData.GetMaterialName()));
-    SetDlgItemText(IDC_SEQ_CYCLE, KRNFormatValue("%6.2f", m_MachineData.GetCoolingTime()));
+    SetDlgItemText(IDC_SEQ_INJECTION_TIME, KRNFormatValue("%.2f", m_MachineData.GetInjectionTime()));
+    SetDlgItemText(IDC_SEQ_HOLDING_TIME, KRNFormatValue("%.2f", m_MachineData.GetPackingTime()));
+    SetDlgItemText(IDC_SEQ_COOLING_TIME, KRNFormatValue("%.2f", m_MachineData.GetCoolingTime()));
+    SetDlgItemText(IDC_SEQ_DOSE_STROKE, KRNFormatValue("%.1f", m_MachineData.GetMaxRamPosition()));
+    SetDlgItemText(IDC_SEQ_SWITCH_OVER, KRNFormatValue("%.1f", m_MachineData.GetVPRamPosition()));
+    SetDlgItemText(IDC_SEQ_MELT, KRNFormatValue("%.0f", m_MachineData.GetMeltTemperature()));
+    SetDlgItemText(IDC_SEQ_MOULD, KRNFormatValue("%.0f", m_MachineData.GetMoldTemperature()));
     return true;
 }
 
+// Under each step of the picture the figure of the record that belongs to
+// it; steps the record holds nothing for stay blank.
 void CMACHINE_ARBURG_SELOGICA_DIRECT_MACHINEPRODUCTIONSEQUENCE_PAGE::ShowPicture(int index) {
     m_nPicture = index;
     SetBitmap(IDC_SEQ_PICTURE, IDB_SEQUENCE[index]);
+    for (int k = 0; k < 3; ++k)
+        if (auto* key = GetDlgItemAs<QAbstractButton>(kSequenceKeys[k])) key->setChecked(k == index);
+    const CKRNPanelData& r = m_MachineData;
+    QString steps[6];
+    if (index == 0) {  // close, inject, hold, cool, open, eject
+        steps[1] = Seconds(r.GetInjectionTime());
+        steps[2] = Seconds(r.GetPackingTime());
+        steps[3] = Seconds(r.GetCoolingTime());
+    } else if (index == 1) {  // nozzle forward, inject, hold, dose, decompress, nozzle back
+        steps[1] = Seconds(r.GetInjectionTime());
+        steps[2] = Seconds(r.GetPackingTime());
+        steps[3] = Millimetres(r.GetMaxRamPosition());
+        steps[4] = Millimetres(r.GetSuckBackValue());
+    } else {  // close, lock, cool, open, eject, core
+        steps[2] = Seconds(r.GetCoolingTime());
+    }
+    for (int k = 0; k < 6; ++k) SetDlgItemText(kSequenceSteps[k], steps[k]);
 }
 
 // ---- injection -------------------------------------------------------------------------------
@@ -133,7 +164,12 @@ void CMACHINE_ARBURG_SELOGICA_DIRECT_INJECTION_PAGE::ToPageForm() {
 
 // The stage volumes, running from the last stage back to the first, give
 // each point the stroke still ahead of it: the first point stands at 100,
-// the end point at 0.
+// the end point at 0. The x values go into both profiles point by point the
+// way the record sets points: a pressure profile with fewer points than the
+// flow-rate profile gains the missing ones, one with more keeps its extra
+// points as they are. Both profiles then share one stroke, so OK from this
+// page may reshape the pressure profile with nothing edited; that is the
+// controller's exchange and is kept.
 void CMACHINE_ARBURG_SELOGICA_DIRECT_INJECTION_PAGE::ToRecordForm() {
     const KRNStages::Points flow = KRNStages::Read(m_MachineData, MI_FP_PROFILE);
     const double area = ArburgScrewArea(m_MachineData.GetMachine(MC_SCREW_DIAMETER));
@@ -357,7 +393,43 @@ bool CMACHINE_ARBURG_SELOGICA_HOLDINGPRESSURE_PAGE::OnInitDialog() {
     m_bError = false;
     m_nPackingPoints = m_MachineData.GetProfileDataCount(MI_PP_PROFILE);
     ShowFields();
+    BuildChart();
     return true;
+}
+
+KRNStages::Points ArburgHoldingSteps(const CKRNPanelData& data, int stages) {
+    const double scale = data.GetPackingPressure() * 0.01 * 10.0;
+    KRNStages::Points steps{{0.0, 0.0}};
+    double t = 0;
+    for (int k = 0; k < stages && k + 1 < data.GetProfileDataCount(MI_PP_PROFILE); ++k) {
+        double x = 0, y = 0;
+        data.GetProfileData(MI_PP_PROFILE, k, x, y);
+        const double bar = std::isfinite(y * scale) ? y * scale : 0.0;
+        steps.push_back({t, bar});
+        if (std::isfinite(x) && x > 0) t += x;
+        steps.push_back({t, bar});
+    }
+    steps.push_back({t, 0.0});
+    return steps;
+}
+
+// Time runs left to right from the switch-over at 0 s; the pressure scale
+// ends at the injection pressure, the ceiling of every holding stage.
+void CMACHINE_ARBURG_SELOGICA_HOLDINGPRESSURE_PAGE::BuildChart() {
+    if (!m_pChart && (m_pChart = KRNChartOver<CMachineChartArburg>(*this, IDC_HOLDING_CHART))) {
+        m_pChart->m_nLocked = 1;  // the stages are set in the fields
+        m_pChart->m_nXReversed = 0;
+        m_pChart->m_dSwitchPos = 0.0;
+        m_pChart->m_crBackground = KRNColorRef(12897485);  // the injection chart's grey
+    }
+    if (!m_pChart) return;
+    const KRNStages::Points steps = ArburgHoldingSteps(m_MachineData, m_nPackingPoints - 1);
+    double top = m_MachineData.GetInjectionPressure() * 10.0;
+    for (const XYProfile& p : steps) top = std::max(top, p.y);
+    m_pChart->m_dXMax = m_pChart->m_dDefXMax = KRNHasFullScale(steps.back().x) ? steps.back().x : 1.0;
+    m_pChart->m_dYMax = m_pChart->m_dDefYMax = KRNHasFullScale(top) ? top : 100.0;
+    KRNSetCurve(*m_pChart, 0, steps);
+    m_pChart->update();
 }
 
 void CMACHINE_ARBURG_SELOGICA_HOLDINGPRESSURE_PAGE::ShowFields() {
@@ -386,6 +458,7 @@ void CMACHINE_ARBURG_SELOGICA_HOLDINGPRESSURE_PAGE::OnPressure(int id, int stage
     }
     m_bError = !EditStageValue(id, MI_PP_PROFILE, stage - 1, m_MachineData.GetPackingPressure(),
                                m_MachineData.GetInjectionPressure() * 10.0, KRNField::Pressure, 10.0);
+    if (!m_bError && m_pChart) BuildChart();
 }
 
 // The stage's time as the point's x, within the range of times.
@@ -396,6 +469,7 @@ void CMACHINE_ARBURG_SELOGICA_HOLDINGPRESSURE_PAGE::OnTime(int id, int stage) {
         return;
     }
     m_bError = !EditStageTime(id, MI_PP_PROFILE, stage - 1);
+    if (!m_bError && m_pChart) BuildChart();
 }
 
 void CMACHINE_ARBURG_SELOGICA_HOLDINGPRESSURE_PAGE::OnStageKey() {
@@ -405,6 +479,7 @@ void CMACHINE_ARBURG_SELOGICA_HOLDINGPRESSURE_PAGE::OnStageKey() {
         KRNStages::SetStageCount(m_MachineData, MI_PP_PROFILE, points - 1);
     m_nPackingPoints = m_MachineData.GetProfileDataCount(MI_PP_PROFILE);
     ShowFields();
+    if (m_pChart) BuildChart();
 }
 
 // ---- program administration -----------------------------------------------------------------------
@@ -416,10 +491,19 @@ CMACHINE_ARBURG_SELOGICA_PROGRAMADMINISTRATION_PAGE::CMACHINE_ARBURG_SELOGICA_PR
 }
 
 bool CMACHINE_ARBURG_SELOGICA_PROGRAMADMINISTRATION_PAGE::OnInitDialog() {
+    const CKRNPanelData& r = m_MachineData;
     SetBitmap(IDC_ADMIN_PICTURE, IDB_ADMIN);
-    SetDlgItemText(IDC_ADMIN_PROCESS, QString::fromStdString(m_MachineData.GetProcessName()));
-    SetDlgItemText(IDC_ADMIN_MATERIAL, QString::fromStdString(m_MachineData.GetMaterialName()));
-    SetDlgItemText(IDC_ADMIN_SCREW, KRNFormatValue("%lg", m_MachineData.GetMachine(MC_SCREW_DIAMETER)));
+    SetDlgItemText(IDC_ADMIN_PROCESS, QString::fromStdString(r.GetProcessName()));
+    SetDlgItemText(IDC_ADMIN_MATERIAL, QString::fromStdString(r.GetMaterialName()));
+    SetDlgItemText(IDC_ADMIN_PROTECTION, r.IsReadOnly() ? QStringLiteral("Protected: read only")
+                                                        : QStringLiteral("Open for changes"));
+    SetDlgItemText(IDC_ADMIN_SCREW, KRNFormatValue("%.0f", r.GetMachine(MC_SCREW_DIAMETER)));
+    SetDlgItemText(IDC_ADMIN_RATE, KRNFormatValue("%.0f", r.GetMachine(MC_MAX_INJECTION_RATE)));
+    SetDlgItemText(IDC_ADMIN_PRESSURE, KRNFormatValue("%.0f", r.GetInjectionPressure() * 10.0));
+    SetDlgItemText(IDC_ADMIN_INJECTION_STAGES,
+                   KRNFormat("%d", std::max(r.GetProfileDataCount(MI_FP_PROFILE) - 1, 0)));
+    SetDlgItemText(IDC_ADMIN_HOLDING_STAGES,
+                   KRNFormat("%d", std::max(r.GetProfileDataCount(MI_PP_PROFILE) - 1, 0)));
     return true;
 }
 

@@ -6,13 +6,16 @@
 
 #include "ArburgSelogicaIds.h"
 #include "common/CKRNPanelPage.h"
+#include "common/KRNStageRoutines.h"
 
 class CMachineChartArburg;
 class CMachineCruveArbug;
 
 // ---- production sequence ----
-// The machine cycle as pictures, with the part the record was made for; the
-// three keys switch between the whole cycle, the injection unit and the clamp.
+// The machine cycle as pictures with the record's figures under the steps,
+// and the part, material and cycle figures the record was made for; the three
+// keys switch between the whole cycle, the injection unit and the clamp. The
+// page only shows the record.
 class CMACHINE_ARBURG_SELOGICA_DIRECT_MACHINEPRODUCTIONSEQUENCE_PAGE : public CKRNPanelPage {
     Q_OBJECT
 public:
@@ -21,7 +24,7 @@ public:
 
 private:
     void ShowPicture(int index);
-    int m_nPicture = 0;
+    int m_nPicture = 0;  // kept over commits: the setter's choice
 };
 
 // ---- injection ----
@@ -91,7 +94,7 @@ private:
 
 // ---- holding pressure ----
 // Up to ten holding stages: pressure (bar) and time (s, the point's x as the
-// record holds it).
+// record holds it), with the holding pressure drawn over time.
 class CMACHINE_ARBURG_SELOGICA_HOLDINGPRESSURE_PAGE : public CKRNPanelPage {
     Q_OBJECT
 public:
@@ -103,12 +106,17 @@ public:
 
 private:
     void ShowFields();
+    void BuildChart();
     void OnPressure(int id, int stage);
     void OnTime(int id, int stage);
     void OnStageKey();
+
+    CMachineChartArburg* m_pChart = nullptr;
 };
 
 // ---- program administration ----
+// The stored program: what it is for, the machine it was set on and its
+// stages, and whether it may be changed. The page only shows the record.
 class CMACHINE_ARBURG_SELOGICA_PROGRAMADMINISTRATION_PAGE : public CKRNPanelPage {
     Q_OBJECT
 public:
@@ -132,3 +140,8 @@ private:
 // The screw's cross-section in cm2 for a diameter in mm, with the
 // controller's circle constant.
 double ArburgScrewArea(double diameterMm);
+
+// The holding pressure over time as the holding page draws it: from 0 s each
+// of the first `stages` points of the packing-pressure profile holds its
+// pressure (bar) for its time (s), falling to 0 after the last.
+KRNStages::Points ArburgHoldingSteps(const CKRNPanelData& data, int stages);

@@ -10,14 +10,19 @@
 #include "arburg_selogica/CKRNMachineArburgCalc.h"
 #include "arburg_selogica/CMACHINE_ARBURG_SELOGICA_DIRECT_DLG.h"
 #include "common/KRNClockText.h"
+#include "CKRNChartVariants.h"
 #include "KRNMessageBox.h"
 #include "KRNNumberText.h"
+#include "KRNResources.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <set>
 
 using namespace KRNTest;
 using namespace ArburgSelogica;
@@ -29,6 +34,14 @@ constexpr int kNavProduction = 1363, kNavInjection = 1367, kNavCooling = 1368, k
               kNavHolding = 1413, kNavMeasurementMenu = 1359, kNavMainMenu = 1304;
 constexpr int kKeypadConfirm = 1387, kKeypadCancel = 1386, kKeypadValue = 1366;
 constexpr int kKeypadDigit[10] = {1377, 1367, 1368, 1369, 1371, 1372, 1373, 1374, 1375, 1376};
+
+// The curve of the holding page's chart as (s, bar) points.
+KRNPointList HoldingCurve() {
+    KRNPointList points;
+    if (const auto* chart = Field(kHoldPressure[0])->parentWidget()->findChild<CMachineChartArburg*>())
+        for (std::size_t i = 0; i < chart->m_vecX1.size(); ++i) points.push_back({chart->m_vecX1[i], chart->m_vecY1[i]});
+    return points;
+}
 
 // The 40 mm screw's cross-section (cm2 x 10 per mm) and the shot of its 120 mm stroke.
 const double kArea = 4.0 * 4.0 * 3.14159 * 0.25;
@@ -75,11 +88,118 @@ TEST(ArburgSelogica, DateLineAndKeysThatNeverClose) {
         EXPECT_NE(KRNDriver::TopDialog(), nullptr);
         OK();
     });
-    KRNSetTimeSource(previous);
     EXPECT_EQ(s.result, IDOK);
-    QString texts[6];  // no clock at all
-    ArburgDateTimeTexts(nullptr, texts);
-    EXPECT_EQ(texts[0] + texts[2] + texts[3] + texts[5], "0.0.-1-1");
+
+    // Every message reads the clock once per field; a key-down of Enter or
+    // Escape reads it not at all.
+    static int reads = 0;
+    KRNSetTimeSource([] { return SundayFivePastEight() + reads++; });
+    OpenPanel<Selogica>(KRN40mmRecord(), [] {
+        QWidget* field = Field(IDC_SEQ_PROCESS);
+        auto send = [&](int key) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+            const int before = reads;
+            QCoreApplication::sendEvent(field, &press);
+            return reads - before;
+        };
+        EXPECT_EQ(send(Qt::Key_Return), 0);
+        EXPECT_EQ(send(Qt::Key_Escape), 0);
+        EXPECT_EQ(send(Qt::Key_A), 6);
+        // Each field took its own reading, a second after the one before.
+        EXPECT_EQ(std::stoi(Text(IDC_SECOND)), (reads - 1) % 60);
+        OK();
+    });
+    KRNSetTimeSource(previous);
+
+    QString none;  // no clock at all
+    for (int field = 0; field < kDateTimeFields; ++field) none += ArburgDateTimeText(nullptr, field);
+    EXPECT_EQ(none, "0.0.0.-1-1-1");
+    std::tm leap{};
+    leap.tm_year = 100, leap.tm_mon = 11, leap.tm_mday = 31, leap.tm_hour = 23, leap.tm_min = 59, leap.tm_sec = 60;
+    QString all;
+    for (int field = 0; field < kDateTimeFields; ++field) all += ArburgDateTimeText(&leap, field) + " ";
+    EXPECT_EQ(all, "31. 12. 2000. 23 59 60 ");
+}
+
+TEST(ArburgSelogica, SoftKeysInThreeMenusWithTheOtherScreensGreyed) {
+    std::set<int> ids;
+    for (const NavKey& key : kNavKeys) {
+        ids.insert(key.id);
+        EXPECT_FALSE(KRNResources::Bitmap(key.bitmap).isNull()) << key.id;
+        EXPECT_FALSE(KRNResources::Bitmap(key.pressed).isNull()) << key.id;
+    }
+    EXPECT_EQ(ids.size(), 58u);
+    OpenPanel<Selogica>(KRN40mmRecord(), [](Selogica& frame) {
+        // Only the keys of the menu shown stand; those that lead nowhere here are greyed.
+        auto expectMenu = [&](unsigned group, const char* name) {
+            EXPECT_EQ(frame.ShownGroup(), group);
+            EXPECT_EQ(Text(IDC_MENU_NAME), name);
+            for (const NavKey& key : kNavKeys) {
+                const QWidget* w = frame.GetDlgItem(key.id);
+                ASSERT_NE(w, nullptr) << key.id;
+                EXPECT_EQ(w->isVisible(), (key.groups & group) != 0) << key.id;
+                EXPECT_EQ(w->isEnabled(), key.page != kNoPage) << key.id;
+            }
+        };
+        expectMenu(kInMain, "Main menu");
+        Click(kNavMeasurementMenu);
+        expectMenu(kInMeasurement, "Measurement");
+        EXPECT_EQ(Text(IDC_MEAS_INJECTION_PRESSURE), "160");  // the measurement chart
+        Click(IDC_NAV_SUB_HOLDING);
+        EXPECT_EQ(Text(IDC_HOLDING_STAGES), "3");
+        Click(IDC_NAV_SUB_INJECTION);
+        EXPECT_EQ(Text(IDC_INJECTION_STAGES), "5");
+        Click(kNavMainMenu);  // main menu and production sequence
+        expectMenu(kInMain, "Main menu");
+        EXPECT_EQ(Text(IDC_SEQ_DOSE_STROKE), "120.0");
+        Click(IDC_NAV_ADMIN_MENU);
+        expectMenu(kInProgram, "Program administration");
+        EXPECT_EQ(Text(IDC_ADMIN_SCREW), "40");
+        Click(IDC_NAV_SUB_PRODUCTION);
+        expectMenu(kInProgram, "Program administration");
+        EXPECT_EQ(Text(IDC_SEQ_COOLING_TIME), "15.00");  // the production sequence
+        OK();
+    });
+}
+
+TEST(ArburgSelogica, ProductionAndProgramScreensShowTheRecordAndNeverChangeIt) {
+    CKRNPanelData r = KRN40mmRecord();
+    r.SetProcessName("Housing lid");
+    r.SetMaterialName("PA6 GF30");
+    r.SetMachineData(MI_INJECTION_TIME, 1.25);
+    r.SetMachineData(MI_SUCK_BACK_VALUE, 4.0);
+    r.SetMachineData(MI_MOLD_TEMPERATURE, 80.0);
+    const Session s = OpenPanel<Selogica>(r, [] {
+        EXPECT_EQ(Text(IDC_SEQ_PROCESS) + " / " + Text(IDC_SEQ_MATERIAL), "Housing lid / PA6 GF30");
+        EXPECT_EQ(Text(IDC_SEQ_INJECTION_TIME) + " " + Text(IDC_SEQ_HOLDING_TIME) + " " + Text(IDC_SEQ_COOLING_TIME),
+                  "1.25 6.00 15.00");
+        EXPECT_EQ(Text(IDC_SEQ_SWITCH_OVER) + " " + Text(IDC_SEQ_MELT) + " " + Text(IDC_SEQ_MOULD), "18.0 260 80");
+        // Each picture with the figures under its steps.
+        EXPECT_TRUE(ShowsBitmap(IDC_SEQ_PICTURE, IDB_SEQUENCE[0]));
+        EXPECT_EQ(Text(kSequenceSteps[1]) + "|" + Text(kSequenceSteps[3]) + "|" + Text(kSequenceSteps[4]),
+                  "1.25 s|15.00 s|");
+        Click(IDC_SEQ_PICTURE_2);
+        EXPECT_TRUE(ShowsBitmap(IDC_SEQ_PICTURE, IDB_SEQUENCE[1]));
+        EXPECT_EQ(Text(kSequenceSteps[3]) + "|" + Text(kSequenceSteps[4]), "120.0 mm|4.0 mm");
+        Click(IDC_SEQ_PICTURE_3);
+        EXPECT_EQ(Text(kSequenceSteps[1]) + "|" + Text(kSequenceSteps[2]), "|15.00 s");
+        Click(IDC_NAV_INJECTION);
+        OnKeypad(kInjectionStageKeys[0], "3c");
+        Click(IDC_NAV_ADMIN_MENU);  // the program takes the new stage count with it
+        EXPECT_EQ(Text(IDC_ADMIN_PROCESS) + " / " + Text(IDC_ADMIN_MATERIAL), "Housing lid / PA6 GF30");
+        EXPECT_EQ(Text(IDC_ADMIN_RATE) + " " + Text(IDC_ADMIN_PRESSURE), "200 1600");
+        EXPECT_EQ(Text(IDC_ADMIN_INJECTION_STAGES) + " " + Text(IDC_ADMIN_HOLDING_STAGES), "3 3");
+        EXPECT_EQ(Text(IDC_ADMIN_PROTECTION), "Open for changes");
+        Click(kNavMainMenu);
+        EXPECT_TRUE(ShowsBitmap(IDC_SEQ_PICTURE, IDB_SEQUENCE[2]));  // the setter's picture stays
+        OK();
+    });
+    // Only the injection stages changed; both screens left the rest as it was.
+    EXPECT_EQ(CKRNPanelData(s.record).GetProcessName(), "Housing lid");
+    EXPECT_EQ(KRNItem(s.record, MI_INJECTION_TIME), 1.25);
+    EXPECT_EQ(KRNItem(s.record, MI_SUCK_BACK_VALUE), 4.0);
+    EXPECT_EQ(s.record.GetProfileDataCount(MI_FP_PROFILE), 4);
+    EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE), KRNProfile(r, MI_PP_PROFILE));
 }
 
 TEST(ArburgSelogica, InjectionStagesInVolumesAndTheirRoundTrip) {
@@ -92,10 +212,25 @@ TEST(ArburgSelogica, InjectionStagesInVolumesAndTheirRoundTrip) {
         EXPECT_EQ(Text(IDC_INJECTION_STAGES), "5");
         OK();
     });
-    // Untouched, the stroke and its percentages come back; the pressure profile shares them.
+    // Untouched, the stroke and its percentages come back. The pressure profile
+    // takes the flow-rate profile's x values point by point, appended where it
+    // had none (carrying its last level): on OK from this page it leaves with the
+    // flow-rate profile's points even when nothing was edited.
     EXPECT_NEAR(KRNItem(s.record, MI_MAX_RAM_POSITION), 120.0, 1e-9);
     KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {85, 70}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
     KRNExpectPoints(KRNProfile(s.record, MI_P_PROFILE), {{100, 70}, {85, 85}, {60, 60}, {35, 60}, {15, 60}, {0, 60}});
+
+    // A pressure profile longer than the flow-rate profile keeps its points past
+    // the flow-rate profile's end as they stand: the x values are only written,
+    // never points removed.
+    CKRNMachineData longer = KRN40mmRecord();
+    KRNSetProfile(longer, MI_FP_PROFILE, {{100, 40}, {50, 80}, {0, 80}});
+    KRNSetProfile(longer, MI_P_PROFILE, {{100, 70}, {70, 80}, {40, 90}, {20, 60}, {0, 60}});
+    const Session kept = OpenPanel<Selogica>(longer, [] {
+        Click(kNavInjection);
+        OK();
+    });
+    KRNExpectPoints(KRNProfile(kept.record, MI_P_PROFILE), {{100, 70}, {50, 80}, {0, 90}, {20, 60}, {0, 60}});
 
     // A second stage of 50 cm3 instead of 30 mm lengthens the stroke: stages of 18, v, 30, 24 and 18 mm.
     const Session edited = OpenPanel<Selogica>(KRN40mmRecord(), [] {
@@ -160,6 +295,9 @@ TEST(ArburgSelogica, RefusalsOnTheInjectionAndHoldingPages) {
         Leave(kHoldPressure[4]);
         Type(kHoldTime[2], "12.5");
         Leave(kHoldTime[2]);
+        // The chart follows every stored stage: 1600, 400 and 480 bar for 100, 75 and 12.5 s.
+        KRNExpectPoints(HoldingCurve(), {{0, 0}, {0, 1600}, {100, 1600}, {100, 400}, {175, 400}, {175, 480},
+                                         {187.5, 480}, {187.5, 0}});
         OK();
     });
     // The controller puts the typed text where the switch-over figure belongs.
@@ -195,6 +333,7 @@ TEST(ArburgSelogica, StageCountsThroughTheKeypad) {
         OnKeypad(kHoldingStageKeys[0], "10c", &shown);
         EXPECT_EQ(shown, "3");
         EXPECT_EQ(Text(IDC_HOLDING_STAGES), "10");
+        EXPECT_EQ(HoldingCurve().size(), 2u + 2u * 10u);  // the chart draws every stage
         OK();
     });
     EXPECT_EQ(s.messages, std::vector<std::string>{"Can't more than 5"});
@@ -207,6 +346,7 @@ TEST(ArburgSelogica, StageCountsThroughTheKeypad) {
         Click(kNavHolding);
         OnKeypad(kHoldingStageKeys[4], "1c");
         EXPECT_EQ(Text(kHoldPressure[1]), "-------");
+        KRNExpectPoints(HoldingCurve(), {{0, 0}, {0, 320}, {100, 320}, {100, 0}});
         OnKeypad(kHoldingStageKeys[0], "");
         OK();
     });
@@ -263,6 +403,14 @@ TEST(ArburgSelogica, ReadOnlyKeepsOnlyThePageShownAtOKAndCancelKeepsNothing) {
     });
     EXPECT_EQ(KRNItem(s.record, MI_COOLING_TIME), 15.0);
     EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 240.0);
+
+    // OK takes the injection page through its save step even so, and the
+    // page, never rebuilt, holds percentages where the step expects cm3.
+    const Session injection = OpenPanel<Selogica>(r, [] {
+        Click(kNavInjection);
+        OK();
+    });
+    EXPECT_NEAR(KRNItem(injection.record, MI_MAX_RAM_POSITION), (100 + 85 + 60 + 35 + 15) / kArea * 10.0, 1e-9);
 
     // The interface opens the panel by its name.
     CKRNProMachineInterface panels;
