@@ -1,22 +1,23 @@
 #pragma once
 
-// The process-and-machine record that a host hands to the controller panels
-// and gets back after OK. Plain C++: a host needs nothing but the standard
-// library to fill one. The member order is shared with hosts and is binding.
+/// \file
+/// The process-and-machine record that a host hands to the controller panels
+/// and gets back after OK. Plain C++: a host needs nothing but the standard
+/// library to fill one. The member order is shared with hosts and is binding.
 
 #include "KRNExport.h"
 
 #include <string>
 #include <vector>
 
-// One profile point. In the record's four profiles x and y are percentages
-// (see CKRNMachineData).
+/// One profile point. In the record's four profiles x and y are percentages
+/// (see CKRNMachineData).
 struct XYProfile {
-    double x = 0.0;
-    double y = 0.0;
+    double x = 0.0;  ///< stroke or time, % (see CKRNMachineData)
+    double y = 0.0;  ///< flow rate, pressure or force, %
 };
 
-// Items addressed by GetMachineData / SetMachineData / the profile calls.
+/// Items addressed by GetMachineData / SetMachineData / the profile calls.
 enum KRNMACHINEITEM : int {
     MI_FILLING_TIME = 0,
     MI_INJECTION_TIME = 1,
@@ -48,75 +49,103 @@ enum KRNMACHINEITEM : int {
     MI_INJECTION_VOLUME_3 = 27,
 };
 
-// Texts and the process kind.
+/// Texts and the process kind.
 enum KRNPROCESSITEM : int {
     PI_PROCESS_NAME = 0,
     PI_MATERIAL_NAME = 1,
     PI_PROCESS_TEXT = 2,
-    PI_PROCESS_VALUE = 3,  // 5 marks an injection-compression process
+    PI_PROCESS_VALUE = 3,  ///< 5 marks an injection-compression process
 };
 
-// Machine values (GetMachine / SetMachine).
+/// Machine values (GetMachine / SetMachine).
 enum KRNMACHINE : int {
-    MC_SCREW_DIAMETER = 0,      // mm
-    MC_MAX_INJECTION_RATE = 1,  // cm3/s
-    MC_SPEC_2 = 2,              // stroke limit of the machine, mm
+    MC_SCREW_DIAMETER = 0,  ///< mm
+    MC_MAX_INJECTION_RATE = 1,  ///< cm3/s
+    MC_SPEC_2 = 2,  ///< stroke limit of the machine, mm
     MC_SPEC_3 = 3,
     MC_SPEC_4 = 4,
     MC_SPEC_5 = 5,
     MC_SPEC_6 = 6,
 };
 
-// The host's custom mode; the record only stores it. Values are the host's.
+/// The host's custom mode; the record only stores it. Values are the host's.
 enum MACHINE_CUSTOM_MODE : int {
     MACHINE_CUSTOM_MODE_NONE = 0,
 };
 
 class CKRNPanelData;  // the panels' view of the record (not part of the public API)
 
+/// One process-and-machine record: times in s, temperatures in °C, lengths in
+/// mm, volumes in cm³; profiles are lists of percentage points. A value type:
+/// copies share nothing, and no call reports failure.
 class KRN_API CKRNMachineData {
 public:
-    using Profile = std::vector<XYProfile>;
+    using Profile = std::vector<XYProfile>;  ///< the points of one profile, first point first
 
+    /// A record with every value 0, no texts, empty profiles, MI_VP_SWITCH_PERCENT 98.
     CKRNMachineData();
+    ///@{
+    /// Copies every value, text and profile point.
     CKRNMachineData(const CKRNMachineData& other);
     CKRNMachineData& operator=(const CKRNMachineData& other);
+    ///@}
     ~CKRNMachineData();
 
-    // Item access. Setters ignore items of another kind or unknown values;
-    // getters yield 0 for them.
+    ///@{
+    /// Item access. Setters ignore items of another kind or unknown values;
+    /// getters yield 0 for them.
     void SetMachineData(KRNMACHINEITEM item, double value);
     void SetMachineData(KRNMACHINEITEM item, int value);
     void SetMachineData(KRNMACHINEITEM item, bool value);
-    // Accepted for every item and stores nothing: no item takes a text here.
-    void SetMachineData(KRNMACHINEITEM item, const std::string& value);
-    // Sets point `index` of a profile item; an index equal to the count appends.
-    void SetMachineData(KRNMACHINEITEM item, int index, double x, double y);
     void GetMachineData(KRNMACHINEITEM item, double& value) const;
     void GetMachineData(KRNMACHINEITEM item, int& value) const;
-    // (0, 0) for an index outside the profile; outputs untouched for a non-profile item.
+    ///@}
+    /// Accepted for every item and stores nothing: no item takes a text here.
+    void SetMachineData(KRNMACHINEITEM item, const std::string& value);
+    /// Sets point `index` of a profile item; an index equal to the count appends.
+    void SetMachineData(KRNMACHINEITEM item, int index, double x, double y);
+    /// (0, 0) for an index outside the profile; outputs untouched for a non-profile item.
     void GetProfileData(KRNMACHINEITEM item, int index, double& x, double& y) const;
+    /// Points of a profile item; 0 for any other item.
     int GetProfileDataCount(KRNMACHINEITEM item) const;
+    /// Removes point `index` of a profile item; nothing for an index outside it.
     void RemoveProfileData(KRNMACHINEITEM item, int index);
 
+    ///@{
+    /// The machine values; an unknown value reads 0 and stores nothing.
     void SetMachine(KRNMACHINE item, double value);
     double GetMachine(KRNMACHINE item) const;
+    ///@}
 
+    ///@{
+    /// The three texts and PI_PROCESS_VALUE; an item of the other kind
+    /// stores nothing and leaves `value` as it was.
     void SetProcessInfo(KRNPROCESSITEM item, const std::string& value);
     void GetProcessInfo(KRNPROCESSITEM item, std::string& value) const;
     void SetProcessInfo(KRNPROCESSITEM item, int value);
     void GetProcessInfo(KRNPROCESSITEM item, int& value) const;
+    ///@}
 
+    /// True when the panel must let the user change nothing (MI_READ_ONLY).
     bool IsReadOnly() const { return m_bReadOnly; }
+    ///@{
+    /// Code of the unit the host's pressures are given in; the host's own codes.
     int GetPressureUnit() const { return m_nPressureUnit; }
     void SetPressureUnit(int unit) { m_nPressureUnit = unit; }
+    ///@}
+    ///@{
+    /// The host's custom mode, only stored.
     MACHINE_CUSTOM_MODE GetCustomMode() const { return m_eCustomMode; }
     void SetCustomMode(MACHINE_CUSTOM_MODE mode) { m_eCustomMode = mode; }
+    ///@}
+    ///@{
+    /// Language of the panel texts ("zh-TW" picks traditional-Chinese screens where a panel has them).
     std::string GetLanguage() const { return m_strLanguage; }
     void SetLanguage(const std::string& language) { m_strLanguage = language; }
+    ///@}
 
-    // Seconds the screw needs to travel the filling profile, stopping where the
-    // injection volume is delivered. Mode 1 skips stages of zero flow; never below 0.1.
+    /// Seconds the screw needs to travel the filling profile, stopping where the
+    /// injection volume is delivered. Mode 1 skips stages of zero flow; never below 0.1.
     double CalcStrokeTime(int mode);
 
 private:
