@@ -8,10 +8,12 @@
 #include <QLineEdit>
 #include <QTimer>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <iterator>
+#include <numeric>
 
 namespace {
 
@@ -36,10 +38,15 @@ std::string Number(KRNDice& dice) {
     return std::string(text.data(), r.ptr);
 }
 
-bool Usable(QWidget* w, QWidget* top) { return w->isVisibleTo(top) && w->isEnabled(); }
-
-bool ClosesTheDialog(const QWidget* w) {
-    return w->objectName() == QLatin1String("IDOK") || w->objectName() == QLatin1String("IDCANCEL");
+// What a person might leave in a field: the texts that have broken number
+// readers before, whole numbers a count field could take, and numbers from a
+// millionth to a trillion in fixed and exponent form.
+std::string Text(KRNDice& dice) {
+    switch (dice.Below(3)) {
+    case 0: return kTexts[dice.Below(static_cast<int>(std::size(kTexts)))];
+    case 1: return std::to_string(dice.Below(21));  // stage counts and small settings
+    default: return Number(dice);
+    }
 }
 
 CKRNDialog* OwnerOf(QWidget* w) {
@@ -55,10 +62,8 @@ std::string Label(QWidget* w, QWidget* top) {
     bool numbered = false;
     const int id = KRNControlId(name, &numbered);
     QString label = numbered && name.startsWith(QLatin1String("IDC_")) ? QString::number(id) : name;
-    int twins = 0;
-    for (QWidget* other : top->findChildren<QWidget*>(name))
-        if (other->isVisibleTo(top)) ++twins;
-    if (twins > 1)
+    const QList<QWidget*> twins = top->findChildren<QWidget*>(name);
+    if (std::count_if(twins.begin(), twins.end(), [top](QWidget* o) { return o->isVisibleTo(top); }) > 1)
         if (CKRNDialog* owner = OwnerOf(w)) label = QString::number(owner->TemplateId()) + QLatin1Char(':') + label;
     return label.isEmpty() ? std::string("(unnamed ") + w->metaObject()->className() + ")" : label.toStdString();
 }
@@ -66,9 +71,16 @@ std::string Label(QWidget* w, QWidget* top) {
 template <class T>
 QList<T*> UsableControls(QWidget* top, bool closingButtons) {
     QList<T*> found;
-    for (T* w : top->findChildren<T*>())
-        if (Usable(w, top) && (closingButtons || !ClosesTheDialog(w))) found << w;
+    for (T* w : top->findChildren<T*>()) {
+        const bool closes = w->objectName() == QLatin1String("IDOK") || w->objectName() == QLatin1String("IDCANCEL");
+        if (w->isVisibleTo(top) && w->isEnabled() && (closingButtons || !closes)) found << w;
+    }
     return found;
+}
+
+template <class T>
+T* Any(KRNDice& dice, const QList<T*>& list) {
+    return list[dice.Below(static_cast<int>(list.size()))];
 }
 
 }  // namespace
@@ -89,13 +101,6 @@ std::uint64_t KRNSessionSeed(std::uint64_t seed, std::uint64_t index) {
     return mix.Next();
 }
 
-std::string KRNMonkeyText(KRNDice& dice) {
-    switch (dice.Below(3)) {
-    case 0: return kTexts[dice.Below(static_cast<int>(std::size(kTexts)))];
-    case 1: return std::to_string(dice.Below(21));  // stage counts and small settings
-    default: return Number(dice);
-    }
-}
 
 KRNMonkey::KRNMonkey(std::uint64_t seed, std::function<std::size_t()> messageCount,
                      std::function<std::string(std::size_t)> message)
@@ -127,50 +132,36 @@ void KRNMonkey::Walk(CKRNDialog* panel, int steps) {
 
 bool KRNMonkey::Finish() {
     CKRNDialog* top = KRNDriver::TopDialog();
-    if (!top) return false;
-    const bool ok = m_dice.Chance(50);
+    return top && Close(top, 0, 50);
+}
+
+bool KRNMonkey::Close(CKRNDialog* top, int depth, int okPercent) {
+    const bool ok = m_dice.Chance(okPercent);
     Note(ok ? "ok" : "cancel");
-    MayOpenDialog(top, 0, [top, ok] { ok ? top->OnOK() : top->OnCancel(); });
+    MayOpenDialog(top, depth, [top, ok] { ok ? top->OnOK() : top->OnCancel(); });
     NoteMessages();
     return ok;
 }
 
 void KRNMonkey::Step(CKRNDialog* top, int depth) {
-    enum Action { Type, Keys, Leave, Click, Enter, Escape };
-    const QList<QLineEdit*> edits = [&] {
-        QList<QLineEdit*> typable;
-        for (QLineEdit* e : UsableControls<QLineEdit>(top, false))
-            if (!e->isReadOnly()) typable << e;
-        return typable;
-    }();
+    enum Action { Enter, Escape, Type, Keys, Leave, Click };
+    QList<QLineEdit*> edits = UsableControls<QLineEdit>(top, false);
+    edits.removeIf([](const QLineEdit* e) { return e->isReadOnly(); });
     // A dialog over the panel may be closed by its own keys; the panel only by the last step.
     const QList<QAbstractButton*> buttons = UsableControls<QAbstractButton>(top, depth > 0);
 
-    struct Weighted {
-        Action action;
-        int weight;
-    };
-    std::vector<Weighted> choices = {{Enter, 7}, {Escape, 8}};
-    if (!edits.isEmpty()) choices.insert(choices.end(), {{Type, 28}, {Keys, 22}, {Leave, 15}});
-    if (!buttons.isEmpty()) choices.push_back({Click, 20});
-    int total = 0;
-    for (const Weighted& c : choices) total += c.weight;
-    int roll = m_dice.Below(total);
-    Action action = Enter;
-    for (const Weighted& c : choices) {
-        if (roll < c.weight) {
-            action = c.action;
-            break;
-        }
-        roll -= c.weight;
-    }
+    const int canType = edits.isEmpty() ? 0 : 1, canClick = buttons.isEmpty() ? 0 : 1;
+    const int weights[] = {7, 8, 28 * canType, 22 * canType, 15 * canType, 20 * canClick};
+    int roll = m_dice.Below(std::accumulate(std::begin(weights), std::end(weights), 0));
+    int action = Enter;
+    while (roll >= weights[action]) roll -= weights[action++];
 
     QPointer<CKRNDialog> alive(top);
     switch (action) {
     case Type:
     case Keys: {
-        QLineEdit* edit = edits[m_dice.Below(static_cast<int>(edits.size()))];
-        const std::string text = KRNMonkeyText(m_dice);
+        QLineEdit* edit = Any(m_dice, edits);
+        const std::string text = Text(m_dice);
         const bool typing = action == Keys;
         Note(std::string(typing ? "keys " : "type ") + Label(edit, top) + (text.empty() ? "" : " " + text));
         m_lastEdit = edit;
@@ -185,13 +176,13 @@ void KRNMonkey::Step(CKRNDialog* top, int depth) {
         // Mostly the field just typed into, as a person tabs on.
         QLineEdit* edit = m_lastEdit && edits.contains(m_lastEdit.data()) && m_dice.Chance(75)
                               ? m_lastEdit.data()
-                              : edits[m_dice.Below(static_cast<int>(edits.size()))];
+                              : Any(m_dice, edits);
         Note("leave " + Label(edit, top));
         MayOpenDialog(top, depth, [edit] { KRNDriver::Leave(edit); });
         break;
     }
     case Click: {
-        QAbstractButton* button = buttons[m_dice.Below(static_cast<int>(buttons.size()))];
+        QAbstractButton* button = Any(m_dice, buttons);
         Note("click " + Label(button, top));
         MayOpenDialog(top, depth, [button] { KRNDriver::Click(button); });
         break;
@@ -233,12 +224,7 @@ void KRNMonkey::WalkOpened(CKRNDialog* below, int depth) {
     Note("# dialog " + std::to_string(top->TemplateId()) + " opened");
     const int steps = depth > kMaxDepth ? 0 : m_dice.Below(6);
     for (int i = 0; i < steps && KRNDriver::TopDialog() == top; ++i) Step(top, depth);
-    if (KRNDriver::TopDialog() == top) {
-        const bool ok = m_dice.Chance(30);
-        Note(ok ? "ok" : "cancel");
-        MayOpenDialog(top, depth, [top, ok] { ok ? top->OnOK() : top->OnCancel(); });
-        NoteMessages();
-    }
+    if (KRNDriver::TopDialog() == top) Close(top, depth, 30);
     if (KRNDriver::TopDialog() == top) {
         // Refused its own OK and Cancel: close it as the host would, so the step returns.
         Note("# dialog " + std::to_string(top->TemplateId()) + " closed by force");

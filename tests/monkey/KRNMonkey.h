@@ -36,12 +36,6 @@ private:
 // The seed of session `index` of a run seeded with `seed`.
 std::uint64_t KRNSessionSeed(std::uint64_t seed, std::uint64_t index);
 
-// What a person might leave in a field: the texts that have broken number
-// readers before ("", "-", "nan", "1e400", "1,5", ...), whole numbers a
-// count field could take, and numbers from a millionth to a trillion in
-// fixed and exponent form.
-std::string KRNMonkeyText(KRNDice& dice);
-
 class KRNMonkey {
 public:
     // `messageCount` tells how many messages the panels have shown so far;
@@ -65,6 +59,8 @@ public:
 
 private:
     void Step(CKRNDialog* top, int depth);
+    // OK (at `okPercent` odds) or Cancel on `top`; true for OK.
+    bool Close(CKRNDialog* top, int depth, int okPercent);
     // Runs `act`, which may open a dialog over `top`; such a dialog is walked
     // and closed from inside its own modal loop.
     void MayOpenDialog(CKRNDialog* top, int depth, const std::function<void()>& act);

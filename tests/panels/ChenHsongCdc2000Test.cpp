@@ -57,41 +57,30 @@ TEST(ChenHsongCdc2000, ClockLineOfASundayWithTheControllersBig5WeekdaysAndTheMod
 
     const char* big5[7] = {"\xA4\xE9", "\xA4\x40", "\xA4\x47", "\xA4\x54", "\xA5\x7C", "\xA4\xAD", "\xA4\xBB"};
     QStringEncoder toBig5("Big5");
-    ASSERT_TRUE(toBig5.isValid());
     for (int day = 0; day < 7; ++day)
         EXPECT_EQ(QByteArray(toBig5.encode(ChenHsongWeekday(day))), QByteArray(big5[day])) << day;
     EXPECT_EQ(ChenHsongWeekday(7), "?");
 }
 
-TEST(ChenHsongCdc2000, AThreePointProfileShowsFourSpeedStagesAndFivePositionsAndComesBackOnOK) {
+TEST(ChenHsongCdc2000, AThreePointProfileShowsFourSpeedStagesFivePositionsAndANewStroke) {
     CKRNMachineData r = KRN40mmRecord();
     KRNSetProfile(r, MI_FP_PROFILE, {{100, 50}, {40, 80}, {0, 80}});
     const Session s = OpenPanel<Frame>(r, [] {
         Click(kToTimes);
-        const std::string speeds[4] = {Fixed(0.5 * KRN40mmTopSpeed(), 2), Fixed(0.8 * KRN40mmTopSpeed(), 2), "0.00", "0.00"};
-        for (int k = 0; k < 4; ++k) EXPECT_EQ(Text(kSpeed[k]), speeds[k]) << k;
-        const char* positions[5] = {"120.00", "48.00", "0.00", "0.00", "0.00"};  // 100 % and 40 % of 120 mm
-        for (int k = 0; k < 5; ++k) EXPECT_EQ(Text(kPosition[k]), positions[k]) << k;
+        EXPECT_EQ(Text(kSpeed[1]), Fixed(0.8 * KRN40mmTopSpeed(), 2));
+        EXPECT_EQ(Text(kSpeed[3]), "0.00");       // a padded stage
+        EXPECT_EQ(Text(kPosition[1]), "48.00");   // 40 % of 120 mm
+        EXPECT_EQ(Text(kPosition[4]), "0.00");
         EXPECT_EQ(Text(kPressure[0]), "112.00");  // 70 % of 160 MPa
-        EXPECT_EQ(Text(kPressure[3]), "0.00");
-        OK();
-    });
-    EXPECT_EQ(s.result, IDOK);
-    // The padded stages go again at OK.
-    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), (KRNPointList{{100, 50}, {40, 80}, {0, 80}}));
-    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), (KRNPointList{{100, 70}, {60, 85}, {15, 60}, {0, 60}}));
-}
-
-TEST(ChenHsongCdc2000, ScrewPositionZeroIsTheFullStroke) {
-    const Session s = OpenPanel<Frame>(KRN40mmRecord(), [] {
-        Click(kToTimes);
-        Enter(kPosition[0], "150");
-        EXPECT_EQ(Text(kPosition[1]), "102.00");  // the other positions keep their millimetres
+        Enter(kPosition[0], "150");  // screw position 0 is the full stroke; the others keep their mm
+        EXPECT_EQ(Text(kPosition[1]), "48.00");
         OK();
     });
     EXPECT_TRUE(s.messages.empty());
     EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 150.0);
-    EXPECT_DOUBLE_EQ(KRNProfile(s.record, MI_FP_PROFILE)[1].first, 102.0 / 150.0 * 100.0);
+    // The padded stages go again at OK.
+    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 50}, {48.0 / 150.0 * 100.0, 80}, {0, 80}});
+    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), (KRNPointList{{100, 70}, {60, 85}, {15, 60}, {0, 60}}));
 }
 
 TEST(ChenHsongCdc2000, ScrewPositionsRefusedWithTheFieldRestored) {
@@ -117,12 +106,9 @@ TEST(ChenHsongCdc2000, ScrewPositionsRefusedWithTheFieldRestored) {
 TEST(ChenHsongCdc2000, HoldingStagesShownFromTheEndAndRebuiltFromTheirTimes) {
     const Session s = OpenPanel<Frame>(KRN40mmRecord(), [] {
         Click(kToTimes);
-        const char* pressures[3] = {"48.00", "40.00", "32.00"};
-        const char* times[3] = {"1.50", "3.00", "1.50"};
-        for (int k = 0; k < 3; ++k) {
-            EXPECT_EQ(Text(kHoldPressure[k]), pressures[k]) << k;
-            EXPECT_EQ(Text(kHoldTime[k]), times[k]) << k;
-        }
+        EXPECT_EQ(Text(kHoldPressure[0]), "48.00");
+        EXPECT_EQ(Text(kHoldPressure[2]), "32.00");
+        EXPECT_EQ(Text(kHoldTime[1]), "3.00");
         Enter(kHoldTime[1], "2");
         Enter(kHoldPressure[2], "36");
         Enter(kHoldPressure[0], "81");  // above the packing pressure
@@ -147,11 +133,15 @@ TEST(ChenHsongCdc2000, HoldingStagesShownFromTheEndAndRebuiltFromTheirTimes) {
     EXPECT_EQ(KRNProfile(zero.record, MI_PP_PROFILE), (KRNPointList{{25, 40}, {0, 40}}));
 }
 
-TEST(ChenHsongCdc2000, MeltTemperatureTakenAtEveryChangeAndPagesCommit) {
+TEST(ChenHsongCdc2000, ThroughTheInterfaceEveryChangeIsTakenPagesCommitAndNoKeyCloses) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachineData(MI_INJECTION_TIME, 1.25);
-    const Session s = OpenPanel<Frame>(r, [] {
+    KRNMessageCapture messages;
+    CKRNProMachineInterface panels;
+    WhileOpen([&] { panels.KRNDoModal(r, "CHEN HSONG-CDC2000"); }, [] {
         Keys(kMelt, "245");
+        PressKey(Qt::Key_Return);  // neither key closes the panel
+        PressKey(Qt::Key_Escape);
         Click(kToTimes);
         Enter(kInjectionTime, "x");  // no number: refused, shown as it was
         EXPECT_EQ(Text(kInjectionTime), "1.25");
@@ -160,49 +150,28 @@ TEST(ChenHsongCdc2000, MeltTemperatureTakenAtEveryChangeAndPagesCommit) {
         EXPECT_EQ(Text(kMelt), "245");
         OK();
     });
-    ASSERT_EQ(s.messages.size(), 1u);
-    EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 245.0);
-    EXPECT_EQ(KRNItem(s.record, MI_INJECTION_TIME), 2.5);
-
-    const Session t = OpenPanel<Frame>(r, [] {
-        Type(kMelt, "hot");  // reads as 0
-        OK();
-    });
-    EXPECT_EQ(KRNItem(t.record, MI_MELT_TEMPERATURE), 0.0);
+    EXPECT_TRUE(panels.IsOK());
+    EXPECT_EQ(messages.Texts().size(), 1u);
+    EXPECT_EQ(KRNItem(panels.GetMachineData(), MI_MELT_TEMPERATURE), 245.0);
+    EXPECT_EQ(KRNItem(panels.GetMachineData(), MI_INJECTION_TIME), 2.5);
+    const Session hot = OpenPanel<Frame>(r, [] { Type(kMelt, "hot"); OK(); });
+    EXPECT_EQ(KRNItem(hot.record, MI_MELT_TEMPERATURE), 0.0);  // reads as 0
 }
 
-TEST(ChenHsongCdc2000, ReadOnlyCancelAndTheInterface) {
+TEST(ChenHsongCdc2000, ReadOnlyAndCancel) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachineData(MI_READ_ONLY, true);
     const Session s = OpenPanel<Frame>(r, [] {
         Type(kMelt, "245");
         Click(kToTimes);  // leaving the page keeps nothing of it
-        OK();             // OK takes the page shown, whatever the flag
+        Enter(kSpeed[0], "100");
+        OK();  // OK takes the page shown, whatever the flag
     });
     EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 260.0);
     // Six points are five on this screen: the point before the last goes.
-    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), (KRNPointList{{100, 40}, {85, 70}, {60, 90}, {35, 60}, {0, 60}}));
-    const Session shown = OpenPanel<Frame>(r, [] {
-        Type(kMelt, "245");
-        OK();
-    });
-    EXPECT_EQ(KRNItem(shown.record, MI_MELT_TEMPERATURE), 245.0);
-
+    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE),
+                    {{100, 100.0 / KRN40mmTopSpeed() * 100.0}, {85, 70}, {60, 90}, {35, 60}, {0, 60}});
     EXPECT_EQ(OpenPanel<Frame>(KRN40mmRecord(), [] { Cancel(); }).result, IDCANCEL);
-
-    CKRNProMachineInterface panels;
-    WhileOpen([&] { panels.KRNDoModal(KRN40mmRecord(), "CHEN HSONG-CDC2000"); },
-              [] {
-                  Type(kMelt, "230");
-                  PressKey(Qt::Key_Return);  // neither key closes the panel
-                  PressKey(Qt::Key_Escape);
-                  Click(kToTimes);
-                  Enter(kSpeed[0], "100");
-                  OK();
-              });
-    EXPECT_TRUE(panels.IsOK());
-    EXPECT_EQ(KRNItem(panels.GetMachineData(), MI_MELT_TEMPERATURE), 230.0);
-    EXPECT_DOUBLE_EQ(KRNProfile(panels.GetMachineData(), MI_FP_PROFILE)[0].second, 100.0 / KRN40mmTopSpeed() * 100.0);
 }
 
 // A screw of no diameter and a stroke of 0 give no full scales: "---", refused edits, no NaN.

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 using namespace KRNTest;
+using Frame = CMACHINE_JSW_SYSCOM3000_DLG;
 
 namespace {
 
@@ -19,10 +20,6 @@ constexpr int kHoldTime[6] = {1403, 1402, 1401, 1400, 1399, 1398};
 constexpr int kForce[6] = {1368, 1370, 1372, 1374, 1376, 1378};
 constexpr int kCompressionTime[6] = {1379, 1380, 1381, 1382, 1383, 1384};
 
-Session OpenJsw(const CKRNMachineData& record, const std::function<void(CMACHINE_JSW_SYSCOM3000_DLG&)>& steps) {
-    return OpenPanel<CMACHINE_JSW_SYSCOM3000_DLG>(record, steps);
-}
-
 CKRNMachineData CompressionRecord(int processValue) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetProcessInfo(PI_PROCESS_VALUE, processValue);
@@ -34,13 +31,15 @@ CKRNMachineData CompressionRecord(int processValue) {
 
 }  // namespace
 
-TEST(JswSyscom3000, OpensOnTemperaturesWithMirrorsAndMachineData) {
+TEST(JswSyscom3000, OpensOnTemperaturesPadsToSixStagesRescalesOnANewStrokeAndCleansOnOk) {
     CKRNMachineData r = KRN40mmRecord();
-    r.SetMachineData(MI_MOLD_TEMPERATURE, 70.0);
     r.SetMachine(MC_SPEC_5, 1500.0);
-    Session s = OpenJsw(r, [](CMACHINE_JSW_SYSCOM3000_DLG&) {
-        EXPECT_EQ(Text(1397), "260.00");
-        EXPECT_EQ(Text(1501), "260.00");
+    KRNSetProfile(r, MI_P_PROFILE, {{100, 70}});  // one point: no stage to pad
+    Session s = OpenPanel<Frame>(r, [](Frame& frame) {
+        EXPECT_EQ(frame.m_MachineData.GetProfileDataCount(MI_FP_PROFILE), 7);
+        EXPECT_EQ(frame.m_MachineData.GetProfileDataCount(MI_P_PROFILE), 1);
+        EXPECT_FALSE(Enabled(kKeyCompression));  // no injection compression process
+        EXPECT_EQ(Text(1501), "260.00");          // the melt temperature's mirror
         EXPECT_EQ(Text(1452), "40.00 mm");
         EXPECT_EQ(Text(1470), "1500.00 kN");
         EXPECT_FALSE(Text(1440).empty());  // the clock
@@ -48,75 +47,44 @@ TEST(JswSyscom3000, OpensOnTemperaturesWithMirrorsAndMachineData) {
         EXPECT_EQ(Text(1395), "65.5");
         Type(1397, "255");
         EXPECT_EQ(Text(1379), "255");
-        OK();
-    });
-    EXPECT_EQ(KRNItem(s.record, MI_MOLD_TEMPERATURE), 65.5);
-    EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 255.0);
-}
-
-TEST(JswSyscom3000, PadsToSixStagesAndCleansOnOk) {
-    CKRNMachineData r = KRN40mmRecord();
-    KRNSetProfile(r, MI_P_PROFILE, {{100, 70}});  // one point: no stage to pad
-    Session s = OpenJsw(r, [](CMACHINE_JSW_SYSCOM3000_DLG& frame) {
-        EXPECT_EQ(frame.m_MachineData.GetProfileDataCount(MI_FP_PROFILE), 7);
-        EXPECT_EQ(frame.m_MachineData.GetProfileDataCount(MI_P_PROFILE), 1);
         Click(kKeyInjection);
         EXPECT_EQ(Text(kSpeed[0]), "63.66");
         EXPECT_EQ(Text(kSpeed[5]), "0.00");   // a padded stage
         EXPECT_EQ(Text(kPressure[0]), "0");   // nothing but the closing point
         EXPECT_EQ(Text(kPosition[0]), "102.00");  // where stage 2 begins
-        OK();
-    });
-    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), KRNProfile(KRN40mmRecord(), MI_FP_PROFILE));
-    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), (KRNPointList{{100, 70}}));
-}
-
-TEST(JswSyscom3000, SpeedUpToFullScaleOnly) {
-    Session s = OpenJsw(KRN40mmRecord(), [](CMACHINE_JSW_SYSCOM3000_DLG&) {
-        Click(kKeyInjection);
-        Type(kSpeed[1], "159.16");  // the full scale as shown is just above it
-        Keys(kSpeed[2], "159");
-        Type(kSpeed[3], "159.15");
-        OK();
-    });
-    ASSERT_EQ(s.messages.size(), 1u);
-    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 159.16.");
-    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
-    const double full = 200.0 * 10.0 / (4.0 * 4.0 * 3.14159 * 0.25);
-    EXPECT_NEAR(fp[2].second, 159.0 / full * 100.0, 1e-9);
-    EXPECT_NEAR(fp[3].second, 159.15 / full * 100.0, 1e-9);
-    EXPECT_EQ(fp[1].second, 70.0);
-}
-
-TEST(JswSyscom3000, PositionsWithinTheMachineStroke) {
-    Session s = OpenJsw(KRN40mmRecord(), [](CMACHINE_JSW_SYSCOM3000_DLG&) {
-        Click(kKeyInjection);
-        Type(kPosition[2], "180");     // the machine's stroke limit: taken
-        Type(kPosition[3], "180.5");   // beyond it: refused
-        EXPECT_EQ(Text(kPosition[3]), "18.00");
-        Type(kPosition[1], "-1");
-        OK();
-    });
-    ASSERT_EQ(s.messages.size(), 2u);
-    EXPECT_EQ(s.messages[0], "Please enter a value not above 180.00 and not below 0.00.");
-    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
-    EXPECT_EQ(fp[2].first, 150.0);  // 180 mm of 120 mm, speed kept
-    EXPECT_EQ(fp[2].second, 90.0);
-    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE)[2].first, 150.0);  // pressure stages share it
-}
-
-TEST(JswSyscom3000, FirstPositionRescalesEveryLaterOne) {
-    Session s = OpenJsw(KRN40mmRecord(), [](CMACHINE_JSW_SYSCOM3000_DLG&) {
-        Click(kKeyInjection);
-        Type(kPosition[0], "60");
+        Type(kPosition[0], "60");                 // a new stroke: every later position rescales
         Click(kKeyTemperature);
         Click(kKeyInjection);
         EXPECT_EQ(Text(kPosition[0]), "51.00");  // 85 % of the new 60 mm
         EXPECT_EQ(Text(kPosition[1]), "36.00");
         OK();
     });
+    EXPECT_EQ(KRNItem(s.record, MI_MOLD_TEMPERATURE), 65.5);
+    EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 255.0);
     EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 60.0);
-    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[1].first, 85.0);
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), KRNProfile(KRN40mmRecord(), MI_FP_PROFILE));
+    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), (KRNPointList{{100, 70}}));
+}
+
+TEST(JswSyscom3000, SpeedsUpToFullScaleAndPositionsWithinTheMachineStroke) {
+    Session s = OpenPanel<Frame>(KRN40mmRecord(), [] {
+        Click(kKeyInjection);
+        Type(kSpeed[1], "159.16");  // the full scale as shown is just above it
+        Keys(kSpeed[4], "159.15");
+        Type(kPosition[2], "180");     // the machine's stroke limit: taken
+        Type(kPosition[3], "180.5");   // beyond it: refused
+        EXPECT_EQ(Text(kPosition[3]), "18.00");
+        Type(kPosition[1], "-1");
+        OK();
+    });
+    ASSERT_EQ(s.messages.size(), 3u);
+    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 159.16.");
+    EXPECT_EQ(s.messages[1], "Please enter a value not above 180.00 and not below 0.00.");
+    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
+    EXPECT_EQ(fp[1].second, 70.0);
+    EXPECT_EQ(fp[2], (std::pair<double, double>(150.0, 90.0)));  // 180 of 120 mm, speed kept
+    EXPECT_NEAR(fp[4].second, 159.15 / KRN40mmTopSpeed() * 100.0, 1e-9);
+    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE)[2].first, 150.0);  // pressure stages share it
 }
 
 TEST(JswSyscom3000, HoldStagesInSecondsAndEmptyStagesLast) {
@@ -124,7 +92,7 @@ TEST(JswSyscom3000, HoldStagesInSecondsAndEmptyStagesLast) {
     // 100 -> 60 -> 60: the middle stage has no time.
     KRNSetProfile(r, MI_PP_PROFILE, {{100, 40}, {60, 60}, {60, 50}, {0, 50}});
     r.SetMachineData(MI_PACKING_TIME, 5.0);
-    Session s = OpenJsw(r, [](CMACHINE_JSW_SYSCOM3000_DLG&) {
+    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
         EXPECT_EQ(Text(kHoldTime[0]), "3.00");
         EXPECT_EQ(Text(kHoldPressure[0]), "40.00");  // 50 % of 80 MPa
@@ -141,21 +109,15 @@ TEST(JswSyscom3000, HoldStagesInSecondsAndEmptyStagesLast) {
     });
     const KRNPointList pp = KRNProfile(s.record, MI_PP_PROFILE);
     ASSERT_EQ(pp.size(), 3u);
-    EXPECT_NEAR(pp[0].first, 100.0, 1e-9);
-    EXPECT_NEAR(pp[0].second, 60.0, 1e-9);
+    EXPECT_NEAR(pp[0].second, 60.0, 1e-9);  // 48 of 80 MPa
     EXPECT_NEAR(pp[1].first, 3.0 / 5.5 * 100.0, 1e-9);
     EXPECT_NEAR(KRNItem(s.record, MI_PACKING_TIME), 5.5, 1e-12);
 }
 
 TEST(JswSyscom3000, CompressionStagesOnlyForAnInjectionCompressionProcess) {
-    // Process value 0: the page can't be reached.
-    OpenJsw(CompressionRecord(0), [](CMACHINE_JSW_SYSCOM3000_DLG& frame) {
-        EXPECT_FALSE(Enabled(kKeyCompression));
+    // Process value 3: the page works, compression is neither padded nor changed.
+    Session other = OpenPanel<Frame>(CompressionRecord(3), [](Frame& frame) {
         EXPECT_EQ(frame.m_MachineData.GetProfileDataCount(MI_ICMF_PROFILE), 4);
-    });
-
-    // Process value 3: the page works, compression is left alone.
-    Session other = OpenJsw(CompressionRecord(3), [](CMACHINE_JSW_SYSCOM3000_DLG&) {
         Click(kKeyCompression);
         EXPECT_EQ(Text(kForce[0]), "0");
         Type(kForce[0], "500");
@@ -166,7 +128,7 @@ TEST(JswSyscom3000, CompressionStagesOnlyForAnInjectionCompressionProcess) {
     EXPECT_NE(KRNProfile(other.record, MI_FP_PROFILE)[0].second, 40.0);
 
     // Process value 5: forces in kN from tonnes, times in seconds of MI_VALUE_21.
-    Session ic = OpenJsw(CompressionRecord(5), [](CMACHINE_JSW_SYSCOM3000_DLG& frame) {
+    Session ic = OpenPanel<Frame>(CompressionRecord(5), [](Frame& frame) {
         EXPECT_EQ(frame.m_MachineData.GetProfileDataCount(MI_ICMF_PROFILE), 7);
         Click(kKeyCompression);
         EXPECT_EQ(Text(kForce[0]), "588.00");  // 60 % of 100 t
@@ -184,20 +146,17 @@ TEST(JswSyscom3000, CompressionStagesOnlyForAnInjectionCompressionProcess) {
     EXPECT_NEAR(icmf[2].first, 1.2 / 3.6 * 100.0, 1e-9);
     EXPECT_NEAR(KRNItem(ic.record, MI_VALUE_21), 3.6, 1e-12);
     EXPECT_EQ(KRNItem(ic.record, MI_PACKING_TIME), 6.0);
-}
 
-TEST(JswSyscom3000, SixPointCompressionProfileIsKept) {
-    CKRNMachineData r = CompressionRecord(5);
-    KRNSetProfile(r, MI_ICMF_PROFILE, {{100, 10}, {80, 20}, {60, 30}, {40, 40}, {20, 50}, {0, 50}});
-    OpenJsw(r, [](CMACHINE_JSW_SYSCOM3000_DLG& frame) {
-        EXPECT_EQ(frame.m_MachineData.GetProfileDataCount(MI_ICMF_PROFILE), 6);
-    });
+    // Six points already make the five stages: nothing is padded.
+    CKRNMachineData six = CompressionRecord(5);
+    KRNSetProfile(six, MI_ICMF_PROFILE, {{100, 10}, {80, 20}, {60, 30}, {40, 40}, {20, 50}, {0, 50}});
+    OpenPanel<Frame>(six, [](Frame& frame) { EXPECT_EQ(frame.m_MachineData.GetProfileDataCount(MI_ICMF_PROFILE), 6); });
 }
 
 TEST(JswSyscom3000, ReadOnlyAndTheKeysThatNeverClose) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachineData(MI_READ_ONLY, true);
-    Session s = OpenJsw(r, [](CMACHINE_JSW_SYSCOM3000_DLG&) {
+    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
         EXPECT_EQ(Text(kHoldTime[0]), "1.50");  // page form even without a commit
         Type(kSpeed[0], "100");
@@ -213,7 +172,7 @@ TEST(JswSyscom3000, ReadOnlyAndTheKeysThatNeverClose) {
 TEST(JswSyscom3000, BadEntriesNeverReachTheRecord) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachineData(MI_PACKING_PRESSURE, 0.0);
-    Session s = OpenJsw(r, [](CMACHINE_JSW_SYSCOM3000_DLG&) {
+    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
         Type(kSpeed[0], "fast");
         Type(kPressure[0], "1e400");

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 using namespace KRNTest;
+using Frame = CMACHINE_NIIGATA_MDSERIES_DLG;
 
 namespace {
 
@@ -19,14 +20,14 @@ constexpr int kHoldTime[5] = {1381, 1382, 1383, 1384, 1385};
 constexpr int kInjectionTime = 1510, kCoolingTime = 1512, kVPPosition = 1364, kInjectionPressure = 1375;
 constexpr int kMold = 1363, kMoldMirrors[2] = {1582, 1532};
 
-Session OpenNiigata(const CKRNMachineData& record, const std::function<void()>& steps) {
-    return OpenPanel<CMACHINE_NIIGATA_MDSERIES_DLG>(record, steps);
-}
-
 }  // namespace
 
-TEST(NiigataMdSeries, OpensOnTheMainScreenAndShowsTheStagesInMachineUnits) {
-    OpenNiigata(KRN40mmRecord(), [] {
+TEST(NiigataMdSeries, OpensOnTheMainScreenShowsTheStagesInMachineUnitsAndTheStrokeTime) {
+    CKRNMachineData expected = KRN40mmRecord();  // stage 2 at 100 mm/s of 159.16, same position
+    KRNSetProfile(expected, MI_FP_PROFILE,
+                  {{100, 40}, {85, 100.0 / KRN40mmTopSpeed() * 100.0}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
+    const double strokeTime = KRNExpectedStrokeTime(expected, 1);
+    Session s = OpenPanel<Frame>(KRN40mmRecord(), [strokeTime] {
         EXPECT_EQ(Text(2037), "---");  // the main screen, fed by nothing
         Click(kKeyInjection);
         // y × 159.16 mm/s and x × 120 mm; the sixth point ends the fifth stage.
@@ -41,15 +42,19 @@ TEST(NiigataMdSeries, OpensOnTheMainScreenAndShowsTheStagesInMachineUnits) {
         EXPECT_EQ(Text(kHoldTime[1]), "3.00");
         EXPECT_EQ(Text(kInjectionPressure), "112");  // 70 % of 160 MPa
         EXPECT_EQ(Text(kVPPosition), "18");
+        Type(kSpeed[1], "100");  // a speed edit shows the stroke time as the injection time
+        EXPECT_EQ(Text(kInjectionTime), Fixed(strokeTime, 6));  // "%f"
         OK();
     });
+    EXPECT_NEAR(KRNItem(s.record, MI_INJECTION_TIME), strokeTime, 1e-6);
+    EXPECT_TRUE(s.messages.empty());
 }
 
 TEST(NiigataMdSeries, ShortProfilesAreLeftAlone) {
     CKRNMachineData r = KRN40mmRecord();
     KRNSetProfile(r, MI_P_PROFILE, {});
     KRNSetProfile(r, MI_FP_PROFILE, {{100, 50}});  // one point: nothing to pad, no stage
-    Session s = OpenNiigata(r, [] {
+    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
         EXPECT_EQ(Text(kInjectionPressure), "0");
         EXPECT_EQ(Text(kSpeed[0]), "79.58");
@@ -59,7 +64,7 @@ TEST(NiigataMdSeries, ShortProfilesAreLeftAlone) {
     EXPECT_TRUE(KRNProfile(s.record, MI_P_PROFILE).empty());
 
     KRNSetProfile(r, MI_P_PROFILE, {{100, 70}});
-    s = OpenNiigata(r, [] {
+    s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
         EXPECT_EQ(Text(kInjectionPressure), "112");
         Click(kKeyMain);
@@ -69,42 +74,9 @@ TEST(NiigataMdSeries, ShortProfilesAreLeftAlone) {
     EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), (KRNPointList{{0, 0}}));
 }
 
-TEST(NiigataMdSeries, ASpeedEditShowsTheStrokeTimeAsTheInjectionTime) {
-    CKRNMachineData expected = KRN40mmRecord();  // stage 2 at 100 mm/s of 159.16, same position
-    KRNSetProfile(expected, MI_FP_PROFILE,
-                  {{100, 40}, {85, 100.0 / KRN40mmTopSpeed() * 100.0}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
-    const double strokeTime = KRNExpectedStrokeTime(expected, 1);
-    Session s = OpenNiigata(KRN40mmRecord(), [strokeTime] {
-        Click(kKeyInjection);
-        Type(kSpeed[1], "100");
-        EXPECT_EQ(Text(kInjectionTime), Fixed(strokeTime, 6));  // "%f"
-        OK();
-    });
-    EXPECT_NEAR(KRNItem(s.record, MI_INJECTION_TIME), strokeTime, 1e-6);
-    EXPECT_TRUE(s.messages.empty());
-}
-
-TEST(NiigataMdSeries, TheFirstPositionIsTheFullStrokeAndRescalesTheOthers) {
-    Session s = OpenNiigata(KRN40mmRecord(), [] {
-        Click(kKeyInjection);
-        Type(kPosition[0], "150");
-        Click(kKeyMain);  // leaving reads every position back against the new stroke
-        Click(kKeyInjection);
-        EXPECT_EQ(Text(kPosition[0]), "150.00");
-        EXPECT_EQ(Text(kPosition[1]), "102.00");
-        OK();
-    });
-    EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 150.0);
-    // The same millimetres are now shares of 150 mm; the pressure profile stays.
-    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
-    EXPECT_EQ(fp[0].first, 100.0);
-    EXPECT_NEAR(fp[1].first, 102.0 / 150.0 * 100.0, 1e-9);
-    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), KRNProfile(KRN40mmRecord(), MI_P_PROFILE));
-}
-
 TEST(NiigataMdSeries, RefusedEntriesLeaveFieldAndRecordAsTheyWere) {
     const CKRNMachineData r = KRN40mmRecord();
-    Session s = OpenNiigata(r, [] {
+    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
         Keys(kSpeed[0], "200");  // crosses 159.16 at the third keystroke
         EXPECT_EQ(Text(kSpeed[0]), "20.00");
@@ -130,11 +102,15 @@ TEST(NiigataMdSeries, RefusedEntriesLeaveFieldAndRecordAsTheyWere) {
     EXPECT_NEAR(fp[2].second, 90.0, 0.005);
 }
 
-TEST(NiigataMdSeries, HoldStagesPressureCoolingAndMouldGoBackOnOk) {
+TEST(NiigataMdSeries, StrokeHoldStagesPressureCoolingAndMouldGoBackOnOk) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachineData(MI_MOLD_TEMPERATURE, 45.0);
-    Session s = OpenNiigata(r, [] {
+    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
+        Type(kPosition[0], "150");  // the first position is the full stroke
+        Click(kKeyMain);            // leaving reads every position back against it
+        Click(kKeyInjection);
+        EXPECT_EQ(Text(kPosition[1]), "102.00");
         Type(kInjectionPressure, "80");  // half of 160 MPa, on every pressure point
         Type(kHoldPressure[0], "60");    // 75 % of 80 MPa
         Type(kHoldTime[0], "2");
@@ -146,7 +122,10 @@ TEST(NiigataMdSeries, HoldStagesPressureCoolingAndMouldGoBackOnOk) {
         for (int id : kMoldMirrors) EXPECT_EQ(Text(id), "52.5");
         OK();
     });
-    for (const auto& [x, y] : KRNProfile(s.record, MI_P_PROFILE)) EXPECT_EQ(y, 50.0) << x;
+    EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 150.0);
+    // The same millimetres are now shares of 150 mm; the pressure stages keep their positions.
+    EXPECT_NEAR(KRNProfile(s.record, MI_FP_PROFILE)[1].first, 102.0 / 150.0 * 100.0, 1e-9);
+    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), (KRNPointList{{100, 50}, {60, 50}, {15, 50}, {0, 50}}));
     // Stages of 2, 2 and 1.5 s: 5.5 s of packing.
     EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 5.5);
     KRNExpectPoints(KRNProfile(s.record, MI_PP_PROFILE), {{100, 40}, {4.0 / 5.5 * 100, 50}, {2.0 / 5.5 * 100, 75}, {0, 75}});
@@ -154,35 +133,27 @@ TEST(NiigataMdSeries, HoldStagesPressureCoolingAndMouldGoBackOnOk) {
     EXPECT_EQ(KRNItem(s.record, MI_MOLD_TEMPERATURE), 52.5);
 }
 
-TEST(NiigataMdSeries, TheCurveAxesRepeatTheirFourTenthsLabelAndOkChangesNothing) {
-    const CKRNMachineData r = KRN40mmRecord();
-    Session s = OpenNiigata(r, [] {
-        Click(kKeyCurve);
-        const int pressure[6] = {1398, 1399, 1400, 1401, 1961, 1403};
-        const char* pressureText[6] = {"160", "128", "96", "64", "32", "0"};
-        for (int i = 0; i < 6; ++i) EXPECT_EQ(Text(pressure[i]), pressureText[i]);
-        // 159.16 mm/s; 0.4 twice where 0.2 belongs, as on the controller.
-        const int speed[6] = {1392, 1393, 1394, 1395, 1960, 1397};
-        const char* speedText[6] = {"159.2", "127.3", "95.5", "63.7", "63.7", "0.0"};
-        for (int i = 0; i < 6; ++i) EXPECT_EQ(Text(speed[i]), speedText[i]);
-        Click(kKeyMain);
-        OK();
-    });
-    EXPECT_EQ(s.result, IDOK);
-    for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
-    EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 6.0);
-}
-
-TEST(NiigataMdSeries, ReadOnlyRecordsAndCancelChangeNothing) {
+TEST(NiigataMdSeries, CurveAxesRepeatTheirFourTenthsLabelAndReadOnlyOrCancelChangeNothing) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachineData(MI_READ_ONLY, true);
-    Session s = OpenNiigata(r, [] {
+    Session s = OpenPanel<Frame>(r, [] {
+        Click(kKeyCurve);
+        // 160 MPa and 159.16 mm/s; 0.4 twice where 0.2 belongs, as on the controller.
+        const int pressure[6] = {1398, 1399, 1400, 1401, 1961, 1403}, speed[6] = {1392, 1393, 1394, 1395, 1960, 1397};
+        const char* pressureText[6] = {"160", "128", "96", "64", "32", "0"};
+        const char* speedText[6] = {"159.2", "127.3", "95.5", "63.7", "63.7", "0.0"};
+        for (int i = 0; i < 6; ++i) {
+            EXPECT_EQ(Text(pressure[i]), pressureText[i]);
+            EXPECT_EQ(Text(speed[i]), speedText[i]);
+        }
         Click(kKeyInjection);
         Type(kSpeed[0], "100");
         Click(kKeyMain);  // leaving commits nothing
         OK();
     });
+    EXPECT_EQ(s.result, IDOK);
     for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
+    EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 6.0);
 
     CKRNProMachineInterface panels;
     WhileOpen([&] { panels.KRNDoModal(KRN40mmRecord(), "NIIGATA-Series"); }, [] {
@@ -198,7 +169,7 @@ TEST(NiigataMdSeries, ReadOnlyRecordsAndCancelChangeNothing) {
 TEST(NiigataMdSeries, AMachineWithoutScrewDiameterShowsAndWritesNoSpeed) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachine(MC_SCREW_DIAMETER, 0.0);
-    Session s = OpenNiigata(r, [] {
+    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
         EXPECT_EQ(Text(kSpeed[0]), "---");
         Type(kSpeed[0], "50");

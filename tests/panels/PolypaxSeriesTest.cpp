@@ -17,9 +17,7 @@ namespace {
 
 constexpr int kKeyStatus = 1616, kKeyCurve = 1617, kKeyTemperature = 1618, kKeyInjection = 1622, kKeyChart = 1637;
 
-Session OpenPolypax(const CKRNMachineData& record, const std::function<void()>& steps) {
-    return OpenPanel<CMACHINE_POLYPAX_SERIES_DLG>(record, steps);
-}
+using Polypax = CMACHINE_POLYPAX_SERIES_DLG;
 
 // The 40 mm machine with a second diameter of 100 mm: pressures are shown
 // over (100 / 40)² = 6.25. Speed and pressure stages share their positions.
@@ -36,7 +34,7 @@ CKRNMachineData PolypaxRecord() {
 // nozzle's actual value only after an edit, and the profiles given back as they came.
 TEST(PolypaxSeries, PagesShowMachineUnitsKeepEnterAndEscapeAndGiveTheProfilesBack) {
     const CKRNMachineData r = PolypaxRecord();
-    Session s = OpenPolypax(r, [] {
+    Session s = OpenPanel<Polypax>(r, [] {
         EXPECT_EQ(Text(IDC_STATUS_MELT_TEMPERATURE), "260");
         EXPECT_EQ(Text(IDC_STATUS_INJECTION_PRESSURE), "160");
         Click(kKeyCurve);  // without the pressure-curve flag its key leads nowhere
@@ -76,7 +74,7 @@ TEST(PolypaxSeries, OnlyALanguageOfExactlyZhTwSelectsTheSecondPictures) {
         CKRNMachineData r = PolypaxRecord();
         r.SetLanguage(language);
         const bool second = std::string(language) == "zh-TW";
-        OpenPolypax(r, [&] {
+        OpenPanel<Polypax>(r, [&] {
             Click(kKeyInjection);
             for (int i = 0; i < 4; ++i)
                 EXPECT_TRUE(ShowsBitmap(kPictureStatics[i], second ? kPicturesZhTw[i] : kPictures[i])) << language;
@@ -90,7 +88,7 @@ TEST(PolypaxSeries, OnlyALanguageOfExactlyZhTwSelectsTheSecondPictures) {
 // Pressures are typed at the second diameter and stored at the screw; hold
 // stages go back as shares of the packing time, the first stage last.
 TEST(PolypaxSeries, TypedStagesGoThroughTheRatioAndTheStroke) {
-    Session s = OpenPolypax(PolypaxRecord(), [] {
+    Session s = OpenPanel<Polypax>(PolypaxRecord(), [] {
         Click(kKeyInjection);
         Type(kPressure[1], "260");  // the bound is 1600 bar / 6.25
         EXPECT_EQ(Text(kPressure[1]), "204.80");
@@ -132,7 +130,7 @@ TEST(PolypaxSeries, WithoutARatioPressuresShowDashesAndNothingBecomesNaN) {
     CKRNMachineData noScrew = PolypaxRecord();
     noScrew.SetMachine(MC_SCREW_DIAMETER, 0.0);
     for (const CKRNMachineData& r : {noSecond, noScrew}) {
-        Session s = OpenPolypax(r, [] {
+        Session s = OpenPanel<Polypax>(r, [] {
             Click(kKeyInjection);
             Type(kPressure[0], "100");
             EXPECT_EQ(Text(kPressure[0]), "---");
@@ -157,7 +155,7 @@ TEST(PolypaxSeries, WithoutARatioPressuresShowDashesAndNothingBecomesNaN) {
 // one abandoned by Cancel never does (see the hosted test).
 TEST(PolypaxSeries, RefusalsRestoreTheFieldAndInjectionPressuresAreStoredOnLeavingThePage) {
     const CKRNMachineData r = PolypaxRecord();
-    Session s = OpenPolypax(r, [] {
+    Session s = OpenPanel<Polypax>(r, [] {
         Click(kKeyInjection);
         for (const char* text : {"0", "-5"}) {
             Type(kPosition[0], text);
@@ -199,10 +197,10 @@ TEST(PolypaxSeries, RefusalsRestoreTheFieldAndInjectionPressuresAreStoredOnLeavi
 // The V-P field is an entry line showing 0.00 whatever the record holds; the
 // stage table shows the switch-over as the free stage after the last one, and
 // OK takes the V-P position back from there.
-TEST(PolypaxSeries, TheSwitchOverSitsInTheFreeStageAndTheVPFieldShowsZero) {
+TEST(PolypaxSeries, TheSwitchOverSitsInTheFreeStageAndReadOnlyKeepsIt) {
     CKRNMachineData r = PolypaxRecord();
     KRNSetProfile(r, MI_FP_PROFILE, {{100, 40}, {60, 80}, {0, 80}});
-    Session s = OpenPolypax(r, [] {
+    Session s = OpenPanel<Polypax>(r, [] {
         Click(kKeyInjection);
         EXPECT_EQ(Text(IDC_VP_POSITION), "0.00");
         EXPECT_EQ(Text(kPosition[2]), "18.00");  // the record's V-P position
@@ -214,7 +212,7 @@ TEST(PolypaxSeries, TheSwitchOverSitsInTheFreeStageAndTheVPFieldShowsZero) {
     KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {60, 80}, {0, 80}}, 0.005);
 
     // Without a free stage the V-P line itself stores what is typed; 0 is no entry.
-    s = OpenPolypax(PolypaxRecord(), [] {
+    s = OpenPanel<Polypax>(PolypaxRecord(), [] {
         Click(kKeyInjection);
         EXPECT_EQ(Text(IDC_VP_POSITION), "0.00");
         Type(IDC_VP_POSITION, "22.5");
@@ -222,19 +220,16 @@ TEST(PolypaxSeries, TheSwitchOverSitsInTheFreeStageAndTheVPFieldShowsZero) {
         OK();
     });
     EXPECT_EQ(KRNItem(s.record, MI_VP_RAM_POSITION), 22.5);
-}
 
-TEST(PolypaxSeries, ReadOnlyRecordsNeverChange) {
-    CKRNMachineData r = PolypaxRecord();
+    // A read-only record never changes, whatever is typed on any page.
     r.SetMachineData(MI_READ_ONLY, true);
-    KRNSetProfile(r, MI_FP_PROFILE, {{100, 40}, {60, 80}, {0, 80}});
-    Session s = OpenPolypax(r, [] {
+    s = OpenPanel<Polypax>(r, [] {
         Click(kKeyInjection);
         Type(kSpeed[0], "100");
         Type(kPressure[0], "100");
+        Type(kPosition[2], "30");
         Click(kKeyTemperature);
         Type(IDC_MELT_TEMPERATURE, "200");
-        Click(kKeyInjection);
         OK();
     });
     for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
@@ -246,7 +241,6 @@ TEST(PolypaxSeries, HostedWithoutAModalLoopAndOpenedAgain) {
     CKRNProMachineInterface panels;
     panels.CreateMachineDialog(PolypaxRecord(), "Polypax-Series");
     ASSERT_NE(KRNDriver::TopDialog(), nullptr);
-    EXPECT_EQ(KRNDriver::TopDialog()->TemplateId(), IDD_FRAME);
     EXPECT_FALSE(panels.CanUpdate());
     Click(kKeyInjection);
     Type(kPressure[1], "128");
@@ -262,6 +256,7 @@ TEST(PolypaxSeries, HostedWithoutAModalLoopAndOpenedAgain) {
     other.SetMachineData(MI_MELT_TEMPERATURE, 230.0);
     panels.CreateMachineDialog(other, "Polypax-Series");
     ASSERT_NE(KRNDriver::TopDialog(), nullptr);
+    EXPECT_EQ(KRNDriver::TopDialog()->TemplateId(), IDD_FRAME);
     EXPECT_EQ(KRNDriver::TopDialog()->findChildren<CKRNPanelPage*>().size(), 5);
     EXPECT_EQ(Text(IDC_STATUS_MELT_TEMPERATURE), "230");
     Click(kKeyInjection);

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kKeyMenu = 1899, kKeyMachine = 1743, kKeyTemp = 1745, kKeyInjection = 1749, kKeyCurve = 1751,
               kKeyNext = 1755;
-constexpr int kStrokeTime = 1375, kVP = 1376, kCooling = 1401, kClock = 1778;
+constexpr int kStrokeTime = 1375, kCooling = 1401, kClock = 1778;
 constexpr int kSetMelt = 1980, kSetCooling = 1920, kMelt = 1851, kMeltMirror = 1839;
 
 Session OpenV8000ac(const CKRNMachineData& record, const std::function<void(CMACHINE_ORGZCT_V8000AC_DLG&)>& steps) {
@@ -38,6 +38,15 @@ CKRNMachineData SharedPositions() {
 
 std::string StrokeTimeText(const CKRNMachineData& r) { return KRNFormat("%f", KRNExpectedStrokeTime(r, 1)).toStdString(); }
 
+std::time_t NewYearsEve() {
+    std::tm t{};
+    t.tm_year = 2023 - 1900, t.tm_mon = 11, t.tm_mday = 31, t.tm_hour = 23, t.tm_min = 5, t.tm_sec = 9;
+    t.tm_isdst = -1;
+    return std::mktime(&t);
+}
+std::time_t Unreadable() { return static_cast<std::time_t>(-1); }
+std::string Clock(int id) { return Field(id)->property("text").toString().toStdString(); }
+
 int ShownTemplate() {
     auto* stack = KRNDriver::TopDialog()->findChild<QWidget*>(QStringLiteral("KRNPages"));
     for (QObject* o : stack->children())
@@ -47,8 +56,11 @@ int ShownTemplate() {
 
 }  // namespace
 
-TEST(TaichungV8000ac, TheTwoMenusOfTheKeyColumn) {
-    OpenV8000ac(KRN40mmRecord(), [](CMACHINE_ORGZCT_V8000AC_DLG& frame) {
+// The clock pages show month/day/year and keep Enter and Escape, as does the
+// menu page, which has no clock.
+TEST(TaichungV8000ac, TheTwoMenusOfTheKeyColumnAndTheirClocks) {
+    const KRNTimeSource previous = KRNSetTimeSource(&NewYearsEve);
+    Session s = OpenV8000ac(KRN40mmRecord(), [](CMACHINE_ORGZCT_V8000AC_DLG& frame) {
         EXPECT_EQ(ShownTemplate(), 31158);
         Click(kKeyTemp);
         EXPECT_EQ(ShownTemplate(), 31154);
@@ -71,8 +83,20 @@ TEST(TaichungV8000ac, TheTwoMenusOfTheKeyColumn) {
         EXPECT_TRUE(frame.GetDlgItem(1753)->isVisible());
         Click(kKeyInjection);
         EXPECT_EQ(ShownTemplate(), 31156);
-        Cancel();
+        PressKey(Qt::Key_Return);
+        PressKey(Qt::Key_Escape);
+        EXPECT_EQ(Clock(kClock), "12/31/2023\t23 : 5 : 9");
+        Click(kKeyMenu);
+        PressKey(Qt::Key_Enter);
+        PressKey(Qt::Key_Escape);
+        KRNSetTimeSource(&Unreadable);
+        Click(kKeyNext);
+        Click(kKeyCurve);  // the curve page's own clock
+        EXPECT_EQ(Clock(1862), "0/0/0\t-1 : -1 : -1");
+        OK();
     });
+    KRNSetTimeSource(previous);
+    EXPECT_EQ(s.result, IDOK);
 }
 
 // Speeds in percent, pressures in bar, positions in mm. The speed bound is
@@ -115,7 +139,9 @@ TEST(TaichungV8000ac, TheInjectionPageTakesSpeedsPositionsAndHoldStages) {
     KRNExpectPoints(KRNProfile(s.record, MI_PP_PROFILE), {{100, 50}, {62.5, 50}, {37.5, 60}, {0, 60}});
 }
 
-TEST(TaichungV8000ac, ASwitchPositionMovesSpeedAndPressureStageAndTheStrokeTime) {
+// A switch position moves the speed and the pressure stage and the stroke
+// time follows; the setting page shares the stages and takes times as typed.
+TEST(TaichungV8000ac, SwitchPositionsMoveBothStagesOnEitherPage) {
     Session s = OpenV8000ac(SharedPositions(), [](CMACHINE_ORGZCT_V8000AC_DLG&) {
         Click(kKeyInjection);
         Type(Tc::kPosition[2], "60");  // 60 of 120 mm: 50 %
@@ -124,16 +150,6 @@ TEST(TaichungV8000ac, ASwitchPositionMovesSpeedAndPressureStageAndTheStrokeTime)
         moved.SetMachineData(MI_FP_PROFILE, 5, 0.0, 0.0);
         EXPECT_EQ(Text(kStrokeTime), StrokeTimeText(moved));
         Type(Tc::kPressure[1], "1200");  // 75 % of 1600 bar
-        OK();
-    });
-    EXPECT_TRUE(s.messages.empty());
-    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {85, 70}, {50, 90}, {35, 60}, {15, 35}, {0, 0}});
-    // The pressure profile is tidied on OK: it closes at the level of its last stage.
-    KRNExpectPoints(KRNProfile(s.record, MI_P_PROFILE), {{100, 70}, {85, 75}, {50, 60}, {35, 50}, {15, 40}, {0, 40}});
-}
-
-TEST(TaichungV8000ac, TheSettingPageSharesTheStagesAndTakesTimesAsTyped) {
-    Session s = OpenV8000ac(SharedPositions(), [](CMACHINE_ORGZCT_V8000AC_DLG&) {
         Click(kKeyNext);
         Click(kKeyInjection);
         EXPECT_EQ(Text(Tc::kSetPosition[1]), "102.00");
@@ -155,8 +171,9 @@ TEST(TaichungV8000ac, TheSettingPageSharesTheStagesAndTakesTimesAsTyped) {
     });
     ASSERT_EQ(s.messages.size(), 1u);
     EXPECT_EQ(s.messages[0], "Please enter a value not above 999.00 and not below -100.00.");
-    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {80, 70}, {60, 95}, {35, 60}, {15, 35}, {0, 0}});
-    KRNExpectPoints(KRNProfile(s.record, MI_P_PROFILE), {{100, 70}, {80, 85}, {60, 60}, {35, 50}, {15, 40}, {0, 40}});
+    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {80, 70}, {50, 95}, {35, 60}, {15, 35}, {0, 0}});
+    // The pressure profile is tidied on OK: it closes at the level of its last stage.
+    KRNExpectPoints(KRNProfile(s.record, MI_P_PROFILE), {{100, 70}, {80, 75}, {50, 60}, {35, 50}, {15, 40}, {0, 40}});
     EXPECT_EQ(KRNItem(s.record, MI_COOLING_TIME), 0.0);
     EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 245.5);
 }
@@ -191,37 +208,6 @@ TEST(TaichungV8000ac, AReadOnlyRecordIsNeverTakenAndCancelLeavesTheRecord) {
     });
     EXPECT_EQ(c.result, IDCANCEL);
     KRNExpectPoints(KRNProfile(c.record, MI_FP_PROFILE), KRNProfile(SharedPositions(), MI_FP_PROFILE));
-}
-
-namespace {
-std::time_t NewYearsEve() {
-    std::tm t{};
-    t.tm_year = 2023 - 1900, t.tm_mon = 11, t.tm_mday = 31, t.tm_hour = 23, t.tm_min = 5, t.tm_sec = 9;
-    t.tm_isdst = -1;
-    return std::mktime(&t);
-}
-std::time_t Unreadable() { return static_cast<std::time_t>(-1); }
-std::string Clock(int id) { return Field(id)->property("text").toString().toStdString(); }
-}  // namespace
-
-TEST(TaichungV8000ac, ClockPagesShowMonthDayYearAndKeepEnterAndEscape) {
-    const KRNTimeSource previous = KRNSetTimeSource(&NewYearsEve);
-    Session s = OpenV8000ac(KRN40mmRecord(), [](CMACHINE_ORGZCT_V8000AC_DLG&) {
-        Click(kKeyInjection);
-        PressKey(Qt::Key_Return);
-        PressKey(Qt::Key_Escape);
-        EXPECT_EQ(Clock(kClock), "12/31/2023\t23 : 5 : 9");
-        Click(kKeyMenu);
-        PressKey(Qt::Key_Enter);  // the menu page has no clock; the frame still keeps the key
-        PressKey(Qt::Key_Escape);
-        KRNSetTimeSource(&Unreadable);
-        Click(kKeyNext);
-        Click(kKeyCurve);  // the curve page's own clock
-        EXPECT_EQ(Clock(1862), "0/0/0\t-1 : -1 : -1");
-        OK();
-    });
-    KRNSetTimeSource(previous);
-    EXPECT_EQ(s.result, IDOK);
 }
 
 // Through the interface: the language picks the template set before the
