@@ -192,5 +192,6 @@ constexpr unsigned kStripText = 0xFFFFFF;
 constexpr unsigned kStripBack = 0x7A4A1E;   // dark blue title strip
 constexpr unsigned kFieldText = 0x000000;
 constexpr unsigned kFieldBack = 0xFFFFFF;
+constexpr unsigned kChartPlot = 12897485;  // the charts' plot area
 
 }  // namespace ArburgSelogica

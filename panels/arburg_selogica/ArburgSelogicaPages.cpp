@@ -227,7 +227,7 @@ void CMACHINE_ARBURG_SELOGICA_DIRECT_INJECTION_PAGE::BuildChart() {
     if (!m_pChart) return;
     KRNSetCurve(*m_pChart, 0, DoseShares(KRNStages::Read(m_MachineData, MI_FP_PROFILE)));
     m_pChart->m_dSwitchPos = 99.0;
-    m_pChart->m_crBackground = KRNColorRef(12897485);
+    m_pChart->m_crBackground = KRNColorRef(kChartPlot);
     m_pChart->update();
     m_bChartReady = true;
 }
@@ -420,7 +420,7 @@ void CMACHINE_ARBURG_SELOGICA_HOLDINGPRESSURE_PAGE::BuildChart() {
         m_pChart->m_nLocked = 1;  // the stages are set in the fields
         m_pChart->m_nXReversed = 0;
         m_pChart->m_dSwitchPos = 0.0;
-        m_pChart->m_crBackground = KRNColorRef(12897485);  // the injection chart's grey
+        m_pChart->m_crBackground = KRNColorRef(kChartPlot);  // the injection chart's grey
     }
     if (!m_pChart) return;
     const KRNStages::Points steps = ArburgHoldingSteps(m_MachineData, m_nPackingPoints - 1);
