@@ -155,7 +155,13 @@ void Leave(QWidget* control) {
 }
 
 void Click(QWidget* control) {
-    if (auto* button = qobject_cast<QAbstractButton*>(control)) button->click();
+    auto* button = qobject_cast<QAbstractButton*>(control);
+    if (!button) return;
+    // A mouse press gives the button the focus first when it takes focus
+    // from a click, so the field being edited takes its kill focus before
+    // the button acts, as on a desktop.
+    if (button->focusPolicy() & Qt::ClickFocus) Focus(button);
+    button->click();
 }
 
 void PressKey(QWidget* dialog, int qtKey, Qt::KeyboardModifiers modifiers) {

@@ -138,8 +138,15 @@ void KRNScript::Execute(const Action& a) {
     const QString where = Where(a.line);
     if (!top) return Fail(2, where + QStringLiteral("no panel is open"));
 
-    if (a.verb == QLatin1String("ok")) return top->OnOK();
-    if (a.verb == QLatin1String("cancel")) return top->OnCancel();
+    if (a.verb == QLatin1String("ok") || a.verb == QLatin1String("cancel")) {
+        // The dialog's own button, pressed as with the mouse, so the field
+        // being edited takes its kill focus first; the command itself where
+        // the dialog shows no such button.
+        const bool ok = a.verb == QLatin1String("ok");
+        if (QWidget* button = KRNDriver::VisibleControl(top, ok ? IDOK : IDCANCEL, KRNDriver::Want::Button))
+            return KRNDriver::Click(button);
+        return ok ? top->OnOK() : top->OnCancel();
+    }
     if (a.verb == QLatin1String("key")) {
         if (a.id == QLatin1String("tab")) return KRNDriver::PressKey(top, Qt::Key_Tab);
         // Shift+Tab arrives from a keyboard as Backtab with Shift held.

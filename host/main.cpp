@@ -62,7 +62,9 @@ Record JSON: one object whose keys are the record's item names:
                    left takes its kill focus, as on a desktop
   expect ID TEXT   the control shows TEXT (blanks at both ends ignored), else exit 1
   shot FILE.png    a picture of the topmost dialog
-  ok | cancel      the panel's OK or Cancel command
+  ok | cancel      presses the panel's OK or Cancel button as a click does (the
+                   field being edited takes its kill focus first); the command
+                   itself where no such button shows
 Actions go to the topmost dialog (a keypad opened by the panel while it is
 open). type and keys first put the focus in the field, as a click into it
 does. ID names a visible control in one of two ways:

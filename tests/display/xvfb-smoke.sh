@@ -39,6 +39,13 @@ trap cleanup EXIT
 
 fail() {
   echo "xvfb-smoke: FAILED: $*" >&2
+  # What was on the screen: a message box left open names itself here.
+  if [ -n "$panel_pid" ] && kill -0 "$panel_pid" 2>/dev/null; then
+    echo "--- windows shown:" >&2
+    for w in $(timeout 5 xdotool search --onlyvisible --class krn-panel 2>/dev/null); do
+      echo "  $(timeout 5 xdotool getwindowname "$w" 2>/dev/null) ($(timeout 5 xdotool getwindowgeometry "$w" 2>/dev/null | tr '\n' ' '))" >&2
+    done
+  fi
   if [ -s "$work/stderr" ]; then
     echo "--- krn-panel's standard error:" >&2
     cat "$work/stderr" >&2

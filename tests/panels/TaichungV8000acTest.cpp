@@ -9,6 +9,7 @@
 #include "KRNRecordBuilder.h"
 #include "taichung_v8000ac/CMACHINE_ORGZCT_V8000AC_DLG.h"
 
+#include <QApplication>
 #include <gtest/gtest.h>
 
 #include <ctime>
@@ -91,7 +92,8 @@ TEST(TaichungV8000ac, TheTwoMenusOfTheKeyColumnAndTheirClocks) {
         PressKey(Qt::Key_Escape);
         KRNSetTimeSource(&Unreadable);
         Click(kKeyNext);
-        Click(kKeyCurve);  // the curve page's own clock
+        Click(kKeyCurve);  // the curve page's own clock, set by the first message it sees
+        QApplication::processEvents();
         EXPECT_EQ(Clock(1862), "0/0/0\t-1 : -1 : -1");
         OK();
     });
