@@ -81,7 +81,10 @@ reported as "FILE:LINE: what". Messages the panel shows are printed to
 standard error as "message: CAPTION: TEXT"; Qt's own warnings there start
 with "qt: ". A script that ends without ok or cancel cancels.
 
---shots DIR writes a PNG of every page (DIR/<template>.png) as the panel opens;
+--shots DIR writes a PNG of every page (DIR/<template>.png) as the panel holds
+it when it opens, without the commit a page key runs (a screen that converts
+the record when its key is pressed, such as the Selogica injection screen, is
+pictured after that key with a script: click 1367, shot FILE.png);
 --dump prints every visible numbered field of every page as
 "<page template> <id> <text>". --dump-json FILE writes the same as JSON to FILE
 (- for standard output): {"pages": [...]}, the frame first, then its pages in

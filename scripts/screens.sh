@@ -56,6 +56,13 @@ for entry in "${panels[@]}"; do
   rm -rf "$tmp/shots"
   # With no script the panel closes once the pictures are taken.
   QT_QPA_PLATFORM=offscreen "$krn_panel" "$name" --record "$record" --shots "$tmp/shots" >/dev/null
+  # --shots shows each page as the panel holds it when it opens. The Selogica
+  # injection screen turns the record's stroke percentages into stage volumes
+  # only when its key is pressed, so that picture is taken after the key.
+  if [ "$name" = SELOGICA ]; then
+    printf 'click 1367\nshot %s\ncancel\n' "$tmp/shots/31133.png" >"$tmp/injection.txt"
+    QT_QPA_PLATFORM=offscreen "$krn_panel" "$name" --record "$record" --script "$tmp/injection.txt" >/dev/null
+  fi
   rm -rf "docs/screens/$folder"
   mkdir -p "docs/screens/$folder"
   cp "$tmp"/shots/*.png "docs/screens/$folder/"
