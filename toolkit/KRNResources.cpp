@@ -12,7 +12,11 @@
 #include <memory>
 #include <vector>
 
-#if defined(__unix__) || defined(__APPLE__)
+#if defined(_WIN32)
+#define NOMINMAX
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+#elif defined(__unix__) || defined(__APPLE__)
 #include <dlfcn.h>
 #endif
 
@@ -38,21 +42,47 @@ int g_registered = 0;  // roots handed out, never used twice
 // No module comes near this; a bigger file is refused unread.
 constexpr qint64 kMaxModuleBytes = 64 * 1024 * 1024;
 
+#if defined(_WIN32)
+// The folder of the module that holds `address`, or of the program for null.
+QString WindowsModuleDir(const void* address) {
+    HMODULE module = nullptr;
+    if (address && !GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                                           GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                                       static_cast<LPCWSTR>(address), &module))
+        return {};
+    wchar_t path[32768];
+    const DWORD length = GetModuleFileNameW(module, path, DWORD(sizeof path / sizeof path[0]));
+    if (length == 0 || length >= sizeof path / sizeof path[0]) return {};
+    return QFileInfo(QString::fromWCharArray(path, int(length))).absolutePath();
+}
+#endif
+
+// The folder of the library itself: the package installs the module beside
+// it (beside the DLL in bin/ on Windows).
 QString LibraryDir() {
-#if defined(__unix__) || defined(__APPLE__)
+#if defined(_WIN32)
+    return WindowsModuleDir(reinterpret_cast<const void*>(&LibraryDir));
+#elif defined(__unix__) || defined(__APPLE__)
     Dl_info info{};
     if (dladdr(reinterpret_cast<void*>(&LibraryDir), &info) && info.dli_fname)
         return QFileInfo(QString::fromLocal8Bit(info.dli_fname)).absolutePath();
-#endif
     return {};
+#else
+    return {};
+#endif
 }
 
+// The host program's folder, where a host may keep the module instead.
 QString ExecutableDir() {
-#if defined(__linux__)
+#if defined(_WIN32)
+    return WindowsModuleDir(nullptr);
+#elif defined(__linux__)
     QFileInfo exe(QStringLiteral("/proc/self/exe"));
     if (exe.exists()) return QFileInfo(exe.symLinkTarget()).absolutePath();
-#endif
     return {};
+#else
+    return {};
+#endif
 }
 
 QString Locate(const QString& name) {
