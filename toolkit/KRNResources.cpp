@@ -2,6 +2,7 @@
 
 #include "KRNModuleStamp.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
@@ -28,6 +29,11 @@ struct Module {
     QByteArray sealed;  // the file as checked; Qt reads the resources from here
     QHash<int, QString> strings;
     bool stringsRead = false;
+    // Bitmaps once read, by number and scale (id * 2, + 1 for the picture at
+    // twice the pixels). A module's items never change while it is loaded,
+    // and a screen of soft keys asks for the same faces at every opening.
+    QHash<qint64, QPixmap> bitmaps;
+    QHash<int, QByteArray> forms;  // templates once read, for the same reason
 };
 
 std::vector<std::unique_ptr<Module>>& Modules() {
@@ -145,6 +151,15 @@ QString CheckContents(const QString& root) {
     return {};
 }
 
+bool g_dropHooked = false;  // DropBitmaps is due when the application object goes
+
+// Pixmaps belong to the application object's graphics system: none is kept
+// past it, and a later application object reads them afresh.
+void DropBitmaps() {
+    g_dropHooked = false;
+    for (const auto& m : Modules()) m->bitmaps.clear();
+}
+
 QString ItemPath(const char* folder, int id, const char* suffix) {
     if (!g_current) return {};
     return QStringLiteral("%1/%2/%3%4").arg(g_current->root, QLatin1String(folder)).arg(id).arg(QLatin1String(suffix));
@@ -233,23 +248,28 @@ QString String(int id) {
 
 QByteArray Form(int id) {
     if (!g_current) return {};
+    if (const auto it = g_current->forms.constFind(id); it != g_current->forms.cend()) return *it;
     // The template compiled at build time; a module made by hand may hold the Designer form itself.
     QFile file(ItemPath("forms", id, ".krf"));
     if (!file.open(QIODevice::ReadOnly)) file.setFileName(ItemPath("forms", id, ".ui"));
     if (!file.isOpen() && !file.open(QIODevice::ReadOnly)) return {};
-    return file.readAll();
+    return *g_current->forms.insert(id, file.readAll());
 }
 
 QPixmap Bitmap(int id, qreal devicePixelRatio) {
     if (!g_current) return {};
-    if (devicePixelRatio >= 1.5) {
-        QPixmap sharp(ItemPath("bitmaps", id, "@2x.png"));
-        if (!sharp.isNull()) {
-            sharp.setDevicePixelRatio(2.0);
-            return sharp;
-        }
+    const bool sharp = devicePixelRatio >= 1.5;
+    const qint64 key = qint64(id) * 2 + (sharp ? 1 : 0);
+    if (const auto it = g_current->bitmaps.constFind(key); it != g_current->bitmaps.cend()) return *it;
+    QPixmap pixmap;
+    if (sharp) {
+        pixmap = QPixmap(ItemPath("bitmaps", id, "@2x.png"));
+        if (!pixmap.isNull()) pixmap.setDevicePixelRatio(2.0);
     }
-    return QPixmap(ItemPath("bitmaps", id, ".png"));
+    if (pixmap.isNull()) pixmap = QPixmap(ItemPath("bitmaps", id, ".png"));
+    if (!QCoreApplication::instance()) return pixmap;  // nothing to keep it for
+    if (!g_dropHooked) qAddPostRoutine(DropBitmaps), g_dropHooked = true;
+    return *g_current->bitmaps.insert(key, pixmap);
 }
 
 QCursor Cursor(int id) {

@@ -165,13 +165,17 @@ TEST(ResourceModule, AModuleLackingWhatThePanelsNeedIsRefused) {
         EXPECT_TRUE(a.currentKept);
     }
 
-    // What a module holds is its own business, as long as its manifest agrees.
+    // What a module holds is its own business, as long as its manifest agrees,
+    // and what another module held, once read, never shows through it.
     void* before = KRNResources::Current();
+    ASSERT_FALSE(KRNResources::Form(31157).isEmpty());
+    ASSERT_FALSE(KRNResources::Bitmap(736).isNull());
     void* keypadOnly = KRNResources::Load(FixtureModule("keypad-only").toStdString());
     ASSERT_NE(keypadOnly, nullptr) << qPrintable(KRNResources::LastProblem());
     KRNResources::SetCurrent(keypadOnly);
     EXPECT_FALSE(KRNResources::Form(31138).isEmpty());
     EXPECT_TRUE(KRNResources::Form(31157).isEmpty());
+    EXPECT_TRUE(KRNResources::Bitmap(736).isNull());
     KRNResources::SetCurrent(before);
 }
 
