@@ -347,9 +347,7 @@ bool CMACHINE_ARBURG_SELOGICA_MEASUREMENTCHART_PAGE::OnInitDialog() {
 
 void CMACHINE_ARBURG_SELOGICA_MEASUREMENTCHART_PAGE::ShowProfile(KRNMACHINEITEM profile) {
     m_eShown = profile;
-    if (!m_pChart) return;
-    KRNSetCurve(*m_pChart, 0, KRNStages::Read(m_MachineData, profile));
-    m_pChart->update();
+    KRNShowProfiles(m_pChart, m_MachineData, profile);
 }
 
 // ---- cooling --------------------------------------------------------------------------------------

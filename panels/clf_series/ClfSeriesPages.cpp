@@ -122,10 +122,6 @@ bool CMACHINE_CLF_SERIES_CURVE_PAGE::OnInitDialog() {
         m_pChart->m_crCurve2 = KRNColorRef(kChartPressureColor);
     }
     ShowUnfed(kCurveUnfed);
-    if (m_pChart) {
-        KRNSetCurve(*m_pChart, 0, KRNStages::Read(m_MachineData, MI_FP_PROFILE));
-        KRNSetCurve(*m_pChart, 1, KRNStages::Read(m_MachineData, MI_P_PROFILE));
-        m_pChart->update();
-    }
+    KRNShowProfiles(m_pChart, m_MachineData, MI_FP_PROFILE, MI_P_PROFILE);
     return true;
 }

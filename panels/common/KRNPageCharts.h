@@ -7,6 +7,8 @@
 #include "CKRNMachineChart.h"
 #include "KRNStageRoutines.h"
 
+#include <optional>
+
 // A chart of class `Chart` over the placeholder `placeholderId` of `page`:
 // the placeholder hides and the chart takes its rectangle, without axis
 // titles (the forms carry their own). Null when the form has no placeholder.
@@ -32,4 +34,15 @@ inline void KRNSetCurve(CKRNMachineChart& chart, int curveIndex, const KRNStages
         xs.push_back(p.x);
         ys.push_back(p.y);
     }
+}
+
+// `chart` (none is fine) shows profile `first` of `record` as its first curve
+// and, when given, `second` as its second, and is painted again.
+inline void KRNShowProfiles(CKRNMachineChart* chart, const CKRNMachineData& record, KRNMACHINEITEM first,
+                            std::optional<KRNMACHINEITEM> second = std::nullopt) {
+    if (!chart) return;
+    chart->ClearCurves();
+    KRNSetCurve(*chart, 0, KRNStages::Read(record, first));
+    if (second) KRNSetCurve(*chart, 1, KRNStages::Read(record, *second));
+    chart->update();
 }

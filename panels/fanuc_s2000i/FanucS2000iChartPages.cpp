@@ -37,12 +37,7 @@ CMACHINE_FANUC_S2000I_INJECTION_PRE_PAGE::CMACHINE_FANUC_S2000I_INJECTION_PRE_PA
 
 bool CMACHINE_FANUC_S2000I_INJECTION_PRE_PAGE::OnInitDialog() {
     if (!m_pChart && (m_pChart = MakeChart(this, IDC_INJECTION_CHART_AREA))) m_pChart->m_crCurve2 = KRNColorRef(kCurveRed);
-    if (m_pChart) {
-        m_pChart->ClearCurves();
-        KRNSetCurve(*m_pChart, 0, KRNStages::Read(m_MachineData, MI_FP_PROFILE));
-        KRNSetCurve(*m_pChart, 1, KRNStages::Read(m_MachineData, MI_P_PROFILE));
-        m_pChart->update();
-    }
+    KRNShowProfiles(m_pChart, m_MachineData, MI_FP_PROFILE, MI_P_PROFILE);
     const double bar = m_MachineData.GetInjectionPressure() * 10.0;
     const double speed = KRNMaxInjectionSpeed(m_MachineData);
     for (int i = 0; i < 5; ++i) {

@@ -61,12 +61,6 @@ CKRNMITSUBISHChart* MakeChart(CKRNDialog* page, int areaId, unsigned colour) {
     return chart;
 }
 
-void Fill(CKRNMITSUBISHChart* chart, const CKRNMachineData& record, KRNMACHINEITEM profile) {
-    if (!chart) return;
-    KRNSetCurve(*chart, 0, KRNStages::Read(record, profile));
-    chart->update();
-}
-
 constexpr unsigned kSpeedColour = 0x00C0FF;     // amber, as the screen draws speeds
 constexpr unsigned kPressureColour = 0xFFC000;  // light blue for pressures
 }  // namespace
@@ -93,8 +87,8 @@ void CMACHINE_MITSUBISHI_INJECTION_PAGE::CreateCharts() {
 }
 
 void CMACHINE_MITSUBISHI_INJECTION_PAGE::DrawCharts() {
-    Fill(m_pSpeedChart, m_MachineData, MI_FP_PROFILE);
-    Fill(m_pPressureChart, m_MachineData, MI_P_PROFILE);
+    KRNShowProfiles(m_pSpeedChart, m_MachineData, MI_FP_PROFILE);
+    KRNShowProfiles(m_pPressureChart, m_MachineData, MI_P_PROFILE);
 }
 
 // The first stage starts at the full stroke: shown beside the table and in

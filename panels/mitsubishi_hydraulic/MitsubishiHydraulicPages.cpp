@@ -67,12 +67,6 @@ CKRNMachineMITSUBISH_HydraulicChart* MakeChart(CKRNDialog* page, int areaId, std
     chart->m_fontLabel.setPixelSize(9);
     return chart;
 }
-
-void Fill(CKRNMachineMITSUBISH_HydraulicChart* chart, const CKRNMachineData& record, KRNMACHINEITEM profile) {
-    if (!chart) return;
-    KRNSetCurve(*chart, 0, KRNStages::Read(record, profile));
-    chart->update();
-}
 }  // namespace
 
 CMACHINE_MITSU_OIL_SPEED_PAGE::CMACHINE_MITSU_OIL_SPEED_PAGE(const CKRNMachineData& data, QWidget* frame)
@@ -170,6 +164,6 @@ void CMACHINE_MITSU_OIL_SPEED_PAGE::OnStageStored(const KRNStageFields& row, int
 }
 
 void CMACHINE_MITSU_OIL_SPEED_PAGE::DrawCharts() {
-    Fill(m_pSpeedChart, m_MachineData, MI_FP_PROFILE);
-    Fill(m_pPressureChart, m_MachineData, MI_P_PROFILE);
+    KRNShowProfiles(m_pSpeedChart, m_MachineData, MI_FP_PROFILE);
+    KRNShowProfiles(m_pPressureChart, m_MachineData, MI_P_PROFILE);
 }

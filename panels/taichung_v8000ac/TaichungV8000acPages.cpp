@@ -67,17 +67,8 @@ bool CMACHINE_ORGZCT_V8000AC_PRESSCORVE::OnInitDialog() {
         m_pInjectionChart = MakeChart(*this, IDC_INJECTION_CHART);
         m_pHoldChart = MakeChart(*this, IDC_HOLD_CHART);
     }
-    if (m_pInjectionChart) {
-        m_pInjectionChart->ClearCurves();
-        KRNSetCurve(*m_pInjectionChart, 0, KRNStages::Read(m_MachineData, MI_FP_PROFILE));
-        KRNSetCurve(*m_pInjectionChart, 1, KRNStages::Read(m_MachineData, MI_P_PROFILE));
-        m_pInjectionChart->update();
-    }
-    if (m_pHoldChart) {
-        m_pHoldChart->ClearCurves();
-        KRNSetCurve(*m_pHoldChart, 0, KRNStages::Read(m_MachineData, MI_PP_PROFILE));
-        m_pHoldChart->update();
-    }
+    KRNShowProfiles(m_pInjectionChart, m_MachineData, MI_FP_PROFILE, MI_P_PROFILE);
+    KRNShowProfiles(m_pHoldChart, m_MachineData, MI_PP_PROFILE);
     return true;
 }
 
