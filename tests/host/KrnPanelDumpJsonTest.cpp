@@ -1,14 +1,11 @@
 // krn-panel --dump-json as a tester's script reads it: every page of a panel
 // with its visible numbered controls, their state and what they are called.
 
-#include <QFile>
+#include "KRNPanelRun.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -18,28 +15,18 @@ struct Dump {
     QString err;
 };
 
-Dump DumpJson(QStringList args) {
-    args << "--dump-json" << "-";
-    QProcess p;
-    p.start(QStringLiteral(KRN_PANEL_EXE), args);
-    p.waitForFinished(60000);
-    Dump d{p.exitCode(), {}, QString::fromUtf8(p.readAllStandardError())};
+Dump DumpJson(const QStringList& args) {
+    const KRNPanelRun r = KRNRunPanel(args + QStringList{"--dump-json", "-"});
     QJsonParseError error{};
-    const QJsonDocument doc = QJsonDocument::fromJson(p.readAllStandardOutput(), &error);
+    const QJsonDocument doc = QJsonDocument::fromJson(r.out.toUtf8(), &error);
     EXPECT_EQ(error.error, QJsonParseError::NoError) << qPrintable(error.errorString());
-    d.pages = doc.object().value("pages").toArray();
-    return d;
+    return {r.code, doc["pages"].toArray(), r.err};
 }
 
-QJsonObject Page(const Dump& d, int templateId) {
-    for (const QJsonValue& page : d.pages)
-        if (page["template"].toInt() == templateId) return page.toObject();
-    return {};
-}
-
-QJsonObject Control(const QJsonObject& page, int id) {
-    for (const QJsonValue& c : page["controls"].toArray())
-        if (c["id"].toInt() == id) return c.toObject();
+// The page of a template, or the control of a number on a page.
+QJsonObject Find(const QJsonArray& list, const char* key, int value) {
+    for (const QJsonValue& item : list)
+        if (item[key].toInt() == value) return item.toObject();
     return {};
 }
 
@@ -47,13 +34,9 @@ QJsonObject Control(const QJsonObject& page, int id) {
 
 // The JSW screens: the frame 31147, the temperature page 31144 shown first,
 // then injection 31145 and packing 31146. Injection speed stage 1 is 1378.
-TEST(KrnPanelDumpJson, EveryPageWithItsFieldsInOrder) {
+TEST(KrnPanelDumpJson, EveryPageWithItsFieldsAndWhatTheyAreCalled) {
     QTemporaryDir dir;
-    QFile record(dir.filePath("record.json"));
-    ASSERT_TRUE(record.open(QIODevice::WriteOnly));
-    record.write(R"({"MC_SCREW_DIAMETER": 40})");
-    record.close();
-    const Dump d = DumpJson({"JSW-Series", "--record", record.fileName()});
+    const Dump d = DumpJson({"JSW-Series", "--record", KRNWriteFile(dir, "record.json", R"({"MC_SCREW_DIAMETER": 40})")});
     ASSERT_EQ(d.code, 0) << qPrintable(d.err);
     ASSERT_EQ(d.pages.size(), 4);
 
@@ -61,72 +44,46 @@ TEST(KrnPanelDumpJson, EveryPageWithItsFieldsInOrder) {
     EXPECT_EQ(frame["template"].toInt(), 31147);
     EXPECT_EQ(frame["class"].toString(), "CMACHINE_JSW_SYSCOM3000_DLG");
     EXPECT_TRUE(frame["frame"].toBool());
-    EXPECT_EQ(Control(frame, 1454)["kind"].toString(), "button");  // the frame's temperature key
+    EXPECT_EQ(Find(frame["controls"].toArray(), "id", 1454)["kind"].toString(), "button");  // the frame's temperature key
 
-    const QJsonObject temperature = Page(d, 31144), injection = Page(d, 31145);
-    EXPECT_TRUE(temperature["shown"].toBool());
+    const QJsonObject injection = Find(d.pages, "template", 31145);
+    EXPECT_TRUE(Find(d.pages, "template", 31144)["shown"].toBool());
     EXPECT_FALSE(injection["shown"].toBool());
     EXPECT_FALSE(injection["frame"].toBool());
     EXPECT_EQ(injection["class"].toString(), "CMACHINE_JSW_SYSCOM3000_INJ");
 
-    // Controls come sorted by number, page by page.
-    for (const QJsonValue& page : d.pages) {
-        int last = -1;
-        for (const QJsonValue& c : page["controls"].toArray()) {
-            EXPECT_LT(last, c["id"].toInt()) << page["template"].toInt();
-            last = c["id"].toInt();
-        }
-    }
-
-    const QJsonObject speed = Control(injection, 1378);
+    const QJsonObject speed = Find(injection["controls"].toArray(), "id", 1378);
     EXPECT_EQ(speed["kind"].toString(), "edit");
     EXPECT_EQ(speed["accessibleName"].toString().toStdString(), "Injection speed, stage 1");
     EXPECT_TRUE(speed["enabled"].toBool());
     EXPECT_FALSE(speed["readOnly"].toBool());
-    EXPECT_FALSE(speed["text"].toString().trimmed().isEmpty());
     // The machine data beside the stages: a value label named after its row.
-    const QJsonObject diameter = Control(injection, 1435);
+    const QJsonObject diameter = Find(injection["controls"].toArray(), "id", 1435);
     EXPECT_EQ(diameter["kind"].toString(), "label");
     EXPECT_EQ(diameter["text"].toString().trimmed().toStdString(), "40.00 mm");
     EXPECT_EQ(diameter["accessibleName"].toString().toStdString(), "Screw diameter, Screw A");
 }
 
-// The dump is what `--dump` prints, field for field.
+// Frame first, then the pages in the order of their keys, controls sorted by
+// number: each as `--dump` prints it.
 TEST(KrnPanelDumpJson, AgreesWithTheTextDump) {
     const Dump d = DumpJson({"FANUC-A"});
     ASSERT_EQ(d.code, 0) << qPrintable(d.err);
-    QProcess p;
-    p.start(QStringLiteral(KRN_PANEL_EXE), {"FANUC-A", "--dump"});
-    p.waitForFinished(60000);
     QStringList fromJson;
     for (const QJsonValue& page : d.pages)
         for (const QJsonValue& c : page["controls"].toArray())
-            fromJson << QStringLiteral("%1 %2 %3")
-                            .arg(page["template"].toInt())
-                            .arg(c["id"].toInt())
-                            .arg(c["text"].toString().replace('\n', "\\n"));
-    const QStringList lines = QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
-    EXPECT_EQ(fromJson, lines);
+            fromJson << QStringLiteral("%1 %2 %3").arg(page["template"].toInt()).arg(c["id"].toInt()).arg(c["text"].toString().replace('\n', "\\n"));
+    EXPECT_EQ((fromJson.join('\n') + '\n').toStdString(), KRNRunPanel({"FANUC-A", "--dump"}).out.toStdString());
 }
 
 // A screen reader can tell every field a user types into from the others.
 TEST(KrnPanelDumpJson, EveryEditFieldOfEveryPanelHasANameOfItsOwn) {
-    QProcess list;
-    list.start(QStringLiteral(KRN_PANEL_EXE), {"--list"});
-    list.waitForFinished(60000);
-    QStringList panels;
-    for (const QString& line : QString::fromUtf8(list.readAllStandardOutput()).split('\n'))
-        if (!line.trimmed().isEmpty() && !line.contains("(no panel)")) panels << line.trimmed().remove('"');
-    ASSERT_GE(panels.size(), 10);
-
-    QTemporaryDir dir;
-    QFile chinese(dir.filePath("zh.json"));
-    ASSERT_TRUE(chinese.open(QIODevice::WriteOnly));
-    chinese.write(R"({"language": "zh-TW"})");
-    chinese.close();
     QList<QStringList> runs;
-    for (const QString& name : panels) runs << QStringList{name};
-    runs << QStringList{"Taichung machinery-Series", "--record", chinese.fileName()};  // the traditional-Chinese screens
+    for (const QString& line : KRNRunPanel({"--list"}).out.split('\n'))
+        if (!line.trimmed().isEmpty() && !line.contains("(no panel)")) runs << QStringList{line.trimmed().remove('"')};
+    ASSERT_GE(runs.size(), 10);
+    QTemporaryDir dir;  // and the traditional-Chinese screens
+    runs << QStringList{"Taichung machinery-Series", "--record", KRNWriteFile(dir, "zh.json", R"({"language": "zh-TW"})")};
 
     for (const QStringList& run : runs) {
         const Dump d = DumpJson(run);
@@ -145,25 +102,14 @@ TEST(KrnPanelDumpJson, EveryEditFieldOfEveryPanelHasANameOfItsOwn) {
     }
 }
 
-TEST(KrnPanelDumpJson, WrittenToAFileOrRefused) {
+// A file it cannot write is refused among the other outputs (KrnPanelTest).
+TEST(KrnPanelDumpJson, WrittenToAFileButNotForTheKeypad) {
     QTemporaryDir dir;
-    const QString file = dir.filePath("screen.json");
-    QProcess p;
-    p.start(QStringLiteral(KRN_PANEL_EXE), {"CLF-Series", "--dump-json", file});
-    p.waitForFinished(60000);
-    EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().constData();
-    QFile written(file);
-    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
-    EXPECT_FALSE(QJsonDocument::fromJson(written.readAll()).object().value("pages").toArray().isEmpty());
+    const KRNPanelRun written = KRNRunPanel({"CLF-Series", "--dump-json", dir.filePath("screen.json")});
+    EXPECT_EQ(written.code, 0) << qPrintable(written.err);
+    EXPECT_FALSE(QJsonDocument::fromJson(KRNReadFile(dir.filePath("screen.json")))["pages"].toArray().isEmpty());
 
-    QProcess nowhere;
-    nowhere.start(QStringLiteral(KRN_PANEL_EXE), {"CLF-Series", "--dump-json", dir.filePath("no/such/folder/x.json")});
-    nowhere.waitForFinished(60000);
-    EXPECT_EQ(nowhere.exitCode(), 2);
-    EXPECT_TRUE(nowhere.readAllStandardError().contains("cannot write"));
-
-    QProcess keypad;
-    keypad.start(QStringLiteral(KRN_PANEL_EXE), {"keypad", "2", "5", "--dump-json", "-"});
-    keypad.waitForFinished(60000);
-    EXPECT_EQ(keypad.exitCode(), 2);
+    const KRNPanelRun keypad = KRNRunPanel({"keypad", "2", "5", "--dump-json", "-"});
+    EXPECT_EQ(keypad.code, 2);
+    EXPECT_TRUE(keypad.err.contains("the keypad has no --dump-json")) << qPrintable(keypad.err);
 }
