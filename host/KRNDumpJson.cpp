@@ -86,9 +86,15 @@ QByteArray KRNDumpJson(CKRNDialog* panel) {
         const bool hasPages = stack.value(0) != panel;
         if (hasPages) pages.append(Page(panel, true, panel->isVisible()));
         auto* shownStack = panel->findChild<QStackedWidget*>(QStringLiteral("KRNPages"));
+        const QWidget* shownPage = shownStack ? shownStack->currentWidget() : nullptr;
         for (QWidget* w : stack)
-            if (auto* page = qobject_cast<CKRNDialog*>(w))
-                pages.append(Page(page, !hasPages, !hasPages ? panel->isVisible() : shownStack->currentWidget() == w));
+            if (auto* page = qobject_cast<CKRNDialog*>(w)) {
+                // Each page read as it shows on the screen, as --dump reads
+                // it: a page writes its clock line when it is shown.
+                QWidget* before = KRNDriver::ShowPageForPicture(panel, w);
+                pages.append(Page(page, !hasPages, !hasPages ? panel->isVisible() : shownPage == w));
+                KRNDriver::ShowPageForPicture(panel, before);
+            }
     }
     return QJsonDocument(QJsonObject{{QStringLiteral("pages"), pages}}).toJson(QJsonDocument::Indented);
 }

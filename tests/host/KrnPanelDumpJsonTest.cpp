@@ -74,6 +74,17 @@ TEST(KrnPanelDumpJson, AgreesWithTheTextDump) {
         for (const QJsonValue& c : page["controls"].toArray())
             fromJson << QStringLiteral("%1 %2 %3").arg(page["template"].toInt()).arg(c["id"].toInt()).arg(c["text"].toString().replace('\n', "\\n"));
     EXPECT_EQ((fromJson.join('\n') + '\n').toStdString(), KRNRunPanel({"FANUC-A", "--dump"}).out.toStdString());
+
+    // Pages not shown read as they would show: the JSW pages' clock line too.
+    const Dump jsw = DumpJson({"JSW-Series"});
+    int clocks = 0;
+    for (const QJsonValue& page : jsw.pages)
+        for (const QJsonValue& c : page["controls"].toArray())
+            if (c["id"].toInt() == 1440) {
+                ++clocks;
+                EXPECT_FALSE(c["text"].toString().isEmpty()) << page["template"].toInt();
+            }
+    EXPECT_EQ(clocks, 3);
 }
 
 // A screen reader can tell every field a user types into from the others.
