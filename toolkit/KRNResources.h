@@ -32,6 +32,8 @@ void* Current();
 void SetCurrent(void* module);
 
 // Items of the current module; empty (null pixmap, arrow cursor) when absent.
+// Templates and bitmaps are read once and kept while their module is loaded
+// (bitmaps until the application object goes): panels open again and again.
 QString String(int id);
 // A template: compiled (forms/<id>.krf, see KRNCompiledForm.h) or a Designer form (forms/<id>.ui).
 QByteArray Form(int id);
