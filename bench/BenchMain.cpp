@@ -6,6 +6,7 @@
 #include "KRNResources.h"
 
 #include <QApplication>
+#include <QTemporaryDir>
 
 #include <cmath>
 #include <cstdio>
@@ -111,6 +112,11 @@ void KRNBenchPanelRow(const KRNPanelRow& row) { PanelRows().push_back(row); }
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Without a desktop session Qt warns that it has no runtime folder; a
+    // private one keeps the report to the figures.
+    QTemporaryDir runtime;
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR") && runtime.isValid())
+        qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
     QApplication app(argc, argv);
     const QByteArray chosen = qgetenv("KRN_BENCH_MODULE");
     if (void* module = KRNResources::Load(chosen.isEmpty() ? KRN_BENCH_RESOURCE_MODULE : chosen.toStdString())) KRNResources::SetCurrent(module);
