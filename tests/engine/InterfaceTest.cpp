@@ -1,10 +1,12 @@
 // The entry class as a host uses it: controller names, modal requests without
 // panels, makers, resource modules, copies.
 
+#include "KRNPanelDriver.h"
+#include "KRNPanelTest.h"
 #include "KRNProMachineInterface.h"
+#include "KRNRecordBuilder.h"
 #include "KRNResources.h"
 
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -14,21 +16,8 @@
 
 namespace {
 
-CKRNMachineData Sample() {
-    CKRNMachineData r;
-    r.SetMachine(MC_SCREW_DIAMETER, 22.0);
-    r.SetMachineData(MI_PACKING_TIME, 3.5);
-    r.SetMachineData(MI_FP_PROFILE, 0, 100.0, 40.0);
-    r.SetMachineData(MI_FP_PROFILE, 1, 0.0, 40.0);
-    r.SetProcessInfo(PI_MATERIAL_NAME, std::string("PP"));
-    return r;
-}
-
-double Packing(const CKRNMachineData& r) {
-    double v = 0;
-    r.GetMachineData(MI_PACKING_TIME, v);
-    return v;
-}
+// The 40 mm record is known by its 6 s of packing.
+double Packing(const CKRNMachineData& r) { return KRNItem(r, MI_PACKING_TIME); }
 
 // Restores the process-wide current resource module after a test changed it.
 class ResourceModuleGuard {
@@ -42,47 +31,48 @@ private:
 
 }  // namespace
 
+// A name with a panel opens it (cancelled at once); the others answer without one.
 TEST(ControllerTable, EveryNameHasItsType) {
     const std::pair<const char*, int> table[] = {
-        {"TACT", 0}, {"NC9300T", 1}, {"FCS-3000", 2}, {"FANUC-Series", 3}, {"Sodick-TRD6", 4},
-        {"SUMITOMO-450HD", 5}, {"FANUC-B", 4}};
+        {"TACT", 0}, {"NC9300T", 1}, {"FCS-3000", 2}, {"FANUC-Series", 3}, {"Sodick-TRD6", 4}, {"SUMITOMO-450HD", 5},
+        {"SELOGICA", 6}, {"CLF-Series", 7}, {"JSW-Series", 8}, {"NIIGATA-Series", 9}, {"Polypax-Series", 10},
+        {"FANUC-A", 11}, {"FANUC-B", 4}, {"Taichung machinery-Series", 12}, {"MITSUBISHI-Electric", 13},
+        {"MITSUBISHI-Hydraulic", 14}, {"UMS-Series", 15}, {"CHEN HSONG-CDC2000", 16}};
+    KRNMessageCapture messages;
     for (const auto& [name, type] : table) {
         CKRNProMachineInterface panels;
-        EXPECT_EQ(panels.KRNDoModal(Sample(), name), 1) << name;
+        bool opened = false;
+        KRNTest::WhileOpen([&] { EXPECT_EQ(panels.KRNDoModal(KRN40mmRecord(), name), 1) << name; },
+                           [&] { opened = KRNDriver::TopDialog() != nullptr; });
+        EXPECT_EQ(opened, type >= 6) << name;
         EXPECT_EQ(panels.GetControllerType(), type) << name;
         EXPECT_EQ(panels.IsOK(), 0) << name;
-        EXPECT_EQ(Packing(panels.GetMachineData()), 3.5) << name;
+        EXPECT_EQ(Packing(panels.GetMachineData()), 6.0) << name;
     }
 }
 
+// An unknown name takes neither the record nor the type of the name before.
 TEST(ControllerTable, NamesMatchExactly) {
-    for (const char* name : {"fanuc-a", "FANUC-A ", " FANUC-A", "FANUC-AB", "FANUC", "", "Taichung machinery-series",
-                             "CHEN HSONG-CDC2000\n"}) {
-        CKRNProMachineInterface panels;
-        EXPECT_EQ(panels.KRNDoModal(Sample(), name), 0) << '"' << name << '"';
-        EXPECT_EQ(panels.GetControllerType(), -1);
-        EXPECT_EQ(Packing(panels.GetMachineData()), 0.0);  // the record was not taken
-    }
-}
-
-TEST(ControllerTable, UnknownNameLeavesRecordAndResult) {
     CKRNProMachineInterface panels;
-    ASSERT_EQ(panels.KRNDoModal(Sample(), "TACT"), 1);
+    ASSERT_EQ(panels.KRNDoModal(KRN40mmRecord(), "TACT"), 1);
     CKRNMachineData other;
     other.SetMachineData(MI_PACKING_TIME, 9.0);
-    EXPECT_EQ(panels.KRNDoModal(other, "NO-SUCH-MACHINE"), 0);
-    EXPECT_EQ(Packing(panels.GetMachineData()), 3.5);
-    EXPECT_EQ(panels.GetControllerType(), -1);
+    for (const char* name : {"fanuc-a", "FANUC-A ", " FANUC-A", "FANUC-AB", "FANUC", "", "Taichung machinery-series",
+                             "CHEN HSONG-CDC2000\n", "NO-SUCH-MACHINE"}) {
+        EXPECT_EQ(panels.KRNDoModal(other, name), 0) << '"' << name << '"';
+        EXPECT_EQ(panels.GetControllerType(), -1);
+        EXPECT_EQ(Packing(panels.GetMachineData()), 6.0);
+    }
 }
 
 TEST(ControllerTable, HostedRequestForAPanellessControllerStoresTheRecordOnly) {
     CKRNProMachineInterface panels;
-    panels.CreateMachineDialog(Sample(), "SELOGICA");
+    panels.CreateMachineDialog(KRN40mmRecord(), "SELOGICA");
     EXPECT_EQ(panels.GetControllerType(), 6);
-    EXPECT_EQ(Packing(panels.GetMachineData()), 3.5);
+    EXPECT_EQ(Packing(panels.GetMachineData()), 6.0);
     EXPECT_FALSE(panels.CanUpdate());
     panels.SetHasUpdate(false);  // no hosted panel: the stored record stays
-    EXPECT_EQ(Packing(panels.GetMachineData()), 3.5);
+    EXPECT_EQ(Packing(panels.GetMachineData()), 6.0);
     panels.SetHasUpdate(true);
     EXPECT_TRUE(panels.CanUpdate());
 }
@@ -98,47 +88,38 @@ TEST(Makers, ListedMakersOnlyExactly) {
 
 TEST(Copies, CopyKeepsRecordAndTypeWithAHolderOfItsOwn) {
     CKRNProMachineInterface a;
-    a.KRNDoModal(Sample(), "FCS-3000");
+    a.KRNDoModal(KRN40mmRecord(), "FCS-3000");
     CKRNProMachineInterface b(a);
     EXPECT_EQ(b.GetControllerType(), 2);
-    EXPECT_EQ(Packing(b.GetMachineData()), 3.5);
+    EXPECT_EQ(Packing(b.GetMachineData()), 6.0);
     CKRNProMachineInterface c;
     c = a;
     c = c;
     EXPECT_EQ(c.GetControllerType(), 2);
     b.KRNDoModal(CKRNMachineData(), "TACT");
-    EXPECT_EQ(Packing(a.GetMachineData()), 3.5);  // independent records
+    EXPECT_EQ(Packing(a.GetMachineData()), 6.0);  // independent records
 }
 
-TEST(ResourceModule, EmptyNameLoadsTheDefaultModuleBesideTheLibrary) {
+// An empty name and the library's own name both find the module beside the library.
+TEST(ResourceModule, EmptyOrDllNameLoadsTheModuleBesideTheLibrary) {
     ResourceModuleGuard guard;
-    KRNResources::SetCurrent(nullptr);
-    CKRNProMachineInterface panels;
-    EXPECT_EQ(panels.Initialize(""), 1);
-    EXPECT_TRUE(KRNResources::CurrentPath().endsWith("KRNPANEL.rcc"));
-    EXPECT_FALSE(LoadResourceString(61713).isEmpty());
-    EXPECT_FALSE(LoadResourceString(327).isEmpty());
-    EXPECT_TRUE(LoadResourceString(4).isEmpty());
+    for (const char* name : {"", "KRNPANEL.dll"}) {
+        KRNResources::SetCurrent(nullptr);
+        CKRNProMachineInterface panels;
+        EXPECT_EQ(panels.Initialize(name), 1) << name;
+        EXPECT_TRUE(KRNResources::CurrentPath().endsWith("KRNPANEL.rcc")) << name;
+        EXPECT_FALSE(LoadResourceString(61713).isEmpty());
+        EXPECT_FALSE(LoadResourceString(327).isEmpty());
+        EXPECT_TRUE(LoadResourceString(4).isEmpty());
+    }
 }
 
-TEST(ResourceModule, DllNameFallsBackToTheResourceFile) {
-    ResourceModuleGuard guard;
-    CKRNProMachineInterface panels;
-    EXPECT_EQ(panels.Initialize("KRNPANEL.dll"), 1);
-    EXPECT_TRUE(KRNResources::CurrentPath().endsWith("KRNPANEL.rcc"));
-}
-
-TEST(ResourceModule, MissingOrCorruptModuleKeepsTheCurrentOne) {
+// Damaged modules are refused in tests/toolkit/ResourceModuleTest.cpp.
+TEST(ResourceModule, AMissingModuleOrAFolderKeepsTheCurrentOne) {
     ResourceModuleGuard guard;
     void* before = KRNResources::Current();
     QTemporaryDir dir;
-    const QString corrupt = dir.filePath("broken.rcc");
-    QFile file(corrupt);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("this is not a resource module, only some text that looks nothing like one");
-    file.close();
-    for (const std::string& name : {std::string("NOSUCH.rcc"), std::string("NOSUCH.dll"),
-                                    corrupt.toStdString(), dir.path().toStdString()}) {
+    for (const std::string& name : {std::string("NOSUCH.rcc"), std::string("NOSUCH.dll"), dir.path().toStdString()}) {
         CKRNProMachineInterface panels;
         EXPECT_EQ(panels.Initialize(name), 0) << name;
         EXPECT_EQ(KRNResources::Current(), before) << name;
