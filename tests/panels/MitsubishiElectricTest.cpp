@@ -24,8 +24,12 @@ using Frame = CMACHINE_MITSUBISHI_DLG;
 
 }  // namespace
 
-TEST(MitsubishiElectric, OpensOnTimesWithTheNozzleTemperatureRepeated) {
-    Session s = OpenPanel<Frame>(KRN40mmRecord(), [] {
+// Percentages of the record up to 100, positions in mm; the 40 mm record's
+// four-point hold profile is three stages of its 6 s. The melt temperature
+// typed on the times page is taken when the injection page is shown.
+TEST(MitsubishiElectric, NozzleTemperatureRepeatedPercentagesUpToAHundredAndPositionsMoveTheStages) {
+    const CKRNMachineData r = KRN40mmRecord();
+    Session s = OpenPanel<Frame>(r, [] {
         EXPECT_EQ(Text(kMeltCopy), "260");
         EXPECT_EQ(Text(kMeltDouble), "520");  // the overheat limit: twice the value
         Type(kMelt, "230.5");
@@ -34,40 +38,7 @@ TEST(MitsubishiElectric, OpensOnTimesWithTheNozzleTemperatureRepeated) {
         Type(kMelt, "abc");
         EXPECT_EQ(Text(kMelt), "230.50");
         Click(kKeyMold);  // a soft key with no screen behind it here
-        OK();
-    });
-    ASSERT_EQ(s.messages.size(), 1u);
-    EXPECT_EQ(s.messages[0], "Please enter a number.");
-    EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 230.5);
-}
 
-TEST(MitsubishiElectric, ThreeHoldStagesHoweverLongTheProfile) {
-    CKRNMachineData r = KRN40mmRecord();
-    KRNSetProfile(r, MI_PP_PROFILE, {{100, 40}, {80, 50}, {60, 60}, {40, 70}, {20, 80}, {0, 80}});
-    Session s = OpenPanel<Frame>(r, [] {
-        Click(kKeyInjection);
-        // 6 s in five stages of 1.2 s, the first of them last in the record.
-        EXPECT_EQ(Text(kHoldTime[0]), "1.20");
-        EXPECT_EQ(Text(kHoldPressure[0]), "80.00");
-        EXPECT_EQ(Text(kHoldPressure[2]), "60.00");
-        Type(kHoldPressure[0], "75");
-        Type(kHoldTime[0], "2.4");
-        OK();
-    });
-    // The hold time grew by 1.2 s: 7.2 s in all, stage 1 a third of it.
-    EXPECT_NEAR(KRNItem(s.record, MI_PACKING_TIME), 7.2, 1e-9);
-    const KRNPointList pp = KRNProfile(s.record, MI_PP_PROFILE);
-    ASSERT_EQ(pp.size(), 6u);
-    EXPECT_NEAR(pp[4].first, 2.4 / 7.2 * 100.0, 1e-9);
-    EXPECT_EQ(pp[4].second, 75.0);
-    EXPECT_EQ(pp[5], (std::pair<double, double>(0.0, 75.0)));
-}
-
-// Percentages of the record up to 100, positions in mm; the 40 mm record's
-// four-point hold profile is three stages of its 6 s.
-TEST(MitsubishiElectric, TheInjectionPageShowsPercentagesUpToAHundred) {
-    const CKRNMachineData r = KRN40mmRecord();
-    Session s = OpenPanel<Frame>(r, [] {
         Click(kKeyInjection);
         const char* speeds[6] = {"40.00", "70.00", "90.00", "60.00", "35.00", "0.00"};
         const char* positions[6] = {"120.00", "102.00", "72.00", "42.00", "18.00", "0.00"};
@@ -86,21 +57,7 @@ TEST(MitsubishiElectric, TheInjectionPageShowsPercentagesUpToAHundred) {
         Type(kSpeed[0], "100.01");
         EXPECT_EQ(Text(kSpeed[0]), "40.00");
         Type(kSpeed[2], "-1");
-        OK();
-    });
-    ASSERT_EQ(s.messages.size(), 2u);
-    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 100.00.");
-    EXPECT_EQ(s.messages[1], "Please enter a value not above 100.00 and not below 0.00.");
-    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
-    EXPECT_EQ(fp[0].second, 40.0);
-    EXPECT_EQ(fp[1], (std::pair<double, double>(85.0, 100.0)));
-    EXPECT_EQ(fp[2].second, 90.0);
-    EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE), KRNProfile(r, MI_PP_PROFILE));
-}
 
-TEST(MitsubishiElectric, PositionsMoveTheStagesAndTheFirstMovesTheFullStroke) {
-    Session s = OpenPanel<Frame>(KRN40mmRecord(), [] {
-        Click(kKeyInjection);
         Keys(kPosition[1], "90");  // typed a digit at a time, rewritten on leaving
         EXPECT_EQ(Text(kPosition[1]), "90");
         Leave(kPosition[1]);
@@ -112,11 +69,42 @@ TEST(MitsubishiElectric, PositionsMoveTheStagesAndTheFirstMovesTheFullStroke) {
         EXPECT_EQ(Text(kPosition[1]), "112.50");  // 75 % of the new 150 mm
         OK();
     });
-    EXPECT_TRUE(s.messages.empty());
+    EXPECT_EQ(s.messages, (std::vector<std::string>{"Please enter a number.", "Please enter a value not greater than 100.00.",
+                                                    "Please enter a value not above 100.00 and not below 0.00."}));
+    EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 230.5);
     EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 150.0);
-    // 90 mm of 120 mm, at the stage's own speed and pressure.
-    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[1], (std::pair<double, double>(75.0, 70.0)));
+    // 90 mm of 120 mm, at the stage's own speed (as typed) and pressure.
+    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
+    EXPECT_EQ(fp[0].second, 40.0);
+    EXPECT_EQ(fp[1], (std::pair<double, double>(75.0, 100.0)));
+    EXPECT_EQ(fp[2].second, 90.0);
     EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE)[1], (std::pair<double, double>(75.0, 85.0)));
+    EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE), KRNProfile(r, MI_PP_PROFILE));
+}
+
+// A pressure profile left with its end point alone ends at (0, 0) on OK.
+TEST(MitsubishiElectric, ThreeHoldStagesHoweverLongTheProfileAndALoneEndPointEndsAtZero) {
+    CKRNMachineData r = KRN40mmRecord();
+    KRNSetProfile(r, MI_PP_PROFILE, {{100, 40}, {80, 50}, {60, 60}, {40, 70}, {20, 80}, {0, 80}});
+    KRNSetProfile(r, MI_P_PROFILE, {{100, 70}});
+    Session s = OpenPanel<Frame>(r, [] {
+        Click(kKeyInjection);
+        // 6 s in five stages of 1.2 s, the first of them last in the record.
+        EXPECT_EQ(Text(kHoldTime[0]), "1.20");
+        EXPECT_EQ(Text(kHoldPressure[0]), "80.00");
+        EXPECT_EQ(Text(kHoldPressure[2]), "60.00");
+        Type(kHoldPressure[0], "75");
+        Type(kHoldTime[0], "2.4");
+        OK();
+    });
+    // The hold time grew by 1.2 s: 7.2 s in all, stage 1 a third of it.
+    EXPECT_NEAR(KRNItem(s.record, MI_PACKING_TIME), 7.2, 1e-9);
+    const KRNPointList pp = KRNProfile(s.record, MI_PP_PROFILE);
+    ASSERT_EQ(pp.size(), 6u);
+    EXPECT_NEAR(pp[4].first, 2.4 / 7.2 * 100.0, 1e-9);
+    EXPECT_EQ(pp[4].second, 75.0);
+    EXPECT_EQ(pp[5], (std::pair<double, double>(0.0, 75.0)));
+    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), (KRNPointList{{0, 0}}));
 }
 
 TEST(MitsubishiElectric, ReadOnlyCancelAndTheInterface) {
@@ -130,26 +118,17 @@ TEST(MitsubishiElectric, ReadOnlyCancelAndTheInterface) {
     });
     for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
 
-    CKRNProMachineInterface panels;
-    const auto editSpeed = [](bool ok) {
-        return [ok] {
+    for (bool ok : {false, true}) {
+        CKRNProMachineInterface panels;
+        WhileOpen([&] { EXPECT_EQ(panels.KRNDoModal(KRN40mmRecord(), "MITSUBISHI-Electric"), 1); }, [ok] {
             Click(kKeyInjection);
             Type(kSpeed[0], "55");
             PressKey(Qt::Key_Return);  // neither key closes the panel
             PressKey(Qt::Key_Escape);
             ok ? OK() : Cancel();
-        };
-    };
-    WhileOpen([&] { EXPECT_EQ(panels.KRNDoModal(KRN40mmRecord(), "MITSUBISHI-Electric"), 1); }, editSpeed(false));
-    EXPECT_FALSE(panels.IsOK());
-    WhileOpen([&] { panels.KRNDoModal(KRN40mmRecord(), "MITSUBISHI-Electric"); }, editSpeed(true));
-    EXPECT_TRUE(panels.IsOK());
-    EXPECT_EQ(KRNProfile(panels.GetMachineData(), MI_FP_PROFILE)[0].second, 55.0);
+        });
+        EXPECT_EQ(panels.IsOK(), ok);
+        EXPECT_EQ(KRNProfile(panels.GetMachineData(), MI_FP_PROFILE)[0].second, ok ? 55.0 : 40.0);
+    }
 }
 
-TEST(MitsubishiElectric, AProfileLeftWithItsEndPointAloneEndsAtZero) {
-    CKRNMachineData r = KRN40mmRecord();
-    KRNSetProfile(r, MI_P_PROFILE, {{100, 70}});
-    Session s = OpenPanel<Frame>(r, [] { OK(); });
-    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), (KRNPointList{{0, 0}}));
-}
