@@ -25,10 +25,11 @@ double TopSpeedShare(double mmPerS) { return mmPerS / KRN40mmTopSpeed() * 100; }
 
 }  // namespace
 
-TEST(UniversalMultishot, OpensWithEveryFieldInMachineUnits) {
-    int counts[3] = {};
-    Session s = OpenPanel<Frame>(KRN40mmRecord(), [&counts](Frame& frame) {
-        for (int i = 0; i < 3; ++i) counts[i] = frame.m_nStageCounts[i];
+TEST(UniversalMultishot, OpensInMachineUnitsAndStageEditsMoveTheProfileTheFullStrokeAndTheStrokeTime) {
+    const CKRNMachineData r = KRN40mmRecord();
+    Session s = OpenPanel<Frame>(r, [&r](Frame& frame) {
+        // 5 and 0 as the controller writes them, one 64-bit 5 over both.
+        EXPECT_EQ(std::vector<int>(frame.m_nStageCounts, frame.m_nStageCounts + 3), (std::vector<int>{5, 0, 3}));
         EXPECT_EQ(Text(kSpeed[0]), Fixed(40 * KRN40mmTopSpeed() * 0.01, 2));
         EXPECT_EQ(Text(kPosition[3]), "42.00");  // 35 % of 120 mm
         EXPECT_EQ(Text(IDC_FULL_STROKE), "120.00");
@@ -42,46 +43,7 @@ TEST(UniversalMultishot, OpensWithEveryFieldInMachineUnits) {
         for (int id : kUnfed) EXPECT_EQ(Text(id), "---") << id;
         for (std::size_t i = 0; i < std::size(kPictureStatics); ++i)
             EXPECT_TRUE(ShowsBitmap(kPictureStatics[i], kPictures[i])) << kPictureStatics[i];
-        Cancel();
-    });
-    EXPECT_EQ(s.result, IDCANCEL);
-    // 5 and 0 as the controller writes them, one 64-bit 5 over both.
-    EXPECT_EQ(counts[0], 5);
-    EXPECT_EQ(counts[1], 0);
-    EXPECT_EQ(counts[2], 3);
-}
 
-TEST(UniversalMultishot, AShortFlowRateProfileIsPaddedWhileOpen) {
-    CKRNMachineData r = KRN40mmRecord();
-    KRNSetProfile(r, MI_FP_PROFILE, {{100, 40}, {50, 80}, {0, 80}});
-    Session s = OpenPanel<Frame>(r, [](Frame& frame) {
-        // Three (0, 0) stages before the last point, whose level drops to 0.
-        KRNExpectPoints(KRNProfile(PageRecord(frame), MI_FP_PROFILE),
-                        {{100, 40}, {50, 80}, {0, 0}, {0, 0}, {0, 0}, {0, 0}});
-        EXPECT_EQ(Text(kSpeed[4]), "0.00");  // the padded points are shown, not blanked
-        OK();
-    });
-    // Tidied on OK: the padding goes again.
-    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {50, 80}, {0, 80}});
-}
-
-TEST(UniversalMultishot, AnEmptyPressureProfileStaysEmptyUntilAPressureIsTyped) {
-    CKRNMachineData r = KRN40mmRecord();
-    KRNSetProfile(r, MI_P_PROFILE, {});
-    Session s = OpenPanel<Frame>(r, [](Frame& frame) {
-        EXPECT_TRUE(KRNProfile(PageRecord(frame), MI_P_PROFILE).empty());
-        EXPECT_EQ(Text(IDC_INJECTION_PRESSURE), "0");
-        Type(IDC_INJECTION_PRESSURE, "80");
-        KRNExpectPoints(KRNProfile(PageRecord(frame), MI_P_PROFILE), {{0, 50}});
-        EXPECT_EQ(KRNItem(PageRecord(frame), MI_INJECTION_PRESSURE), 160.0);  // the maximum stays
-        Cancel();
-    });
-    EXPECT_TRUE(KRNProfile(s.record, MI_P_PROFILE).empty());
-}
-
-TEST(UniversalMultishot, StageEditsMoveTheProfileTheFullStrokeAndTheStrokeTime) {
-    const CKRNMachineData r = KRN40mmRecord();
-    Session s = OpenPanel<Frame>(r, [&r](Frame& frame) {
         Type(kSpeed[0], "200");  // above the top speed
         EXPECT_EQ(Text(kSpeed[0]), Fixed(40 * KRN40mmTopSpeed() * 0.01, 2));
         EXPECT_EQ(KRNProfile(PageRecord(frame), MI_FP_PROFILE), KRNProfile(r, MI_FP_PROFILE));
@@ -110,20 +72,40 @@ TEST(UniversalMultishot, StageEditsMoveTheProfileTheFullStrokeAndTheStrokeTime) 
         EXPECT_NEAR(KRNProfile(PageRecord(frame), MI_FP_PROFILE)[5].second, TopSpeedShare(10), 1e-9);
         OK();
     });
-    ASSERT_EQ(s.messages.size(), 2u);
-    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 159.16.");
-    EXPECT_EQ(s.messages[1], "Please enter a number.");
+    EXPECT_EQ(s.messages, (std::vector<std::string>{"Please enter a value not greater than 159.16.", "Please enter a number."}));
     EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 100.0);
     EXPECT_TRUE(KRNAllFinite(s.record));
 }
 
-TEST(UniversalMultishot, AStageWithNoSpeedIsTheSwitchOverPoint) {
-    // At 25 % of 120 mm: 30 mm on OK, and the stage goes.
+// A stage with no speed is the switch-over point: at 25 % of 120 mm, 30 mm on
+// OK, and the stage goes with the padding.
+TEST(UniversalMultishot, AShortFlowRateProfileIsPaddedWhileOpenAndAStageWithNoSpeedIsTheSwitchOver) {
     CKRNMachineData r = KRN40mmRecord();
-    KRNSetProfile(r, MI_FP_PROFILE, {{100, 40}, {60, 90}, {25, 0}, {0, 0}});
-    Session s = OpenPanel<Frame>(r, [](Frame&) { OK(); });
+    KRNSetProfile(r, MI_FP_PROFILE, {{100, 40}, {60, 90}, {25, 0}, {0, 80}});
+    Session s = OpenPanel<Frame>(r, [](Frame& frame) {
+        // Two (0, 0) stages before the last point, whose level drops to 0.
+        KRNExpectPoints(KRNProfile(PageRecord(frame), MI_FP_PROFILE),
+                        {{100, 40}, {60, 90}, {25, 0}, {0, 0}, {0, 0}, {0, 0}});
+        EXPECT_EQ(Text(kSpeed[4]), "0.00");  // the padded points are shown, not blanked
+        OK();
+    });
     EXPECT_EQ(KRNItem(s.record, MI_VP_RAM_POSITION), 30.0);
     KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 40}, {60, 90}, {0, 90}});
+}
+
+TEST(UniversalMultishot, AnEmptyPressureProfileStaysEmptyUntilAPressureIsTyped) {
+    CKRNMachineData r = KRN40mmRecord();
+    KRNSetProfile(r, MI_P_PROFILE, {});
+    Session s = OpenPanel<Frame>(r, [](Frame& frame) {
+        EXPECT_TRUE(KRNProfile(PageRecord(frame), MI_P_PROFILE).empty());
+        EXPECT_EQ(Text(IDC_INJECTION_PRESSURE), "0");
+        Type(IDC_INJECTION_PRESSURE, "80");
+        KRNExpectPoints(KRNProfile(PageRecord(frame), MI_P_PROFILE), {{0, 50}});
+        EXPECT_EQ(KRNItem(PageRecord(frame), MI_INJECTION_PRESSURE), 160.0);  // the maximum stays
+        Cancel();
+    });
+    EXPECT_EQ(s.result, IDCANCEL);
+    EXPECT_TRUE(KRNProfile(s.record, MI_P_PROFILE).empty());
 }
 
 TEST(UniversalMultishot, HoldPressuresAreLimitedByTheInjectionPressure) {
@@ -139,46 +121,39 @@ TEST(UniversalMultishot, HoldPressuresAreLimitedByTheInjectionPressure) {
         EXPECT_EQ(Text(IDC_STROKE_TIME), "");
         OK();
     });
-    ASSERT_EQ(s.messages.size(), 1u);
-    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 160.00.");
+    EXPECT_EQ(s.messages, std::vector<std::string>{"Please enter a value not greater than 160.00."});
     EXPECT_DOUBLE_EQ(KRNItem(s.record, MI_PACKING_TIME), 5.0);  // 1.5 + 2 + 1.5 s
     // The last stage first, in record form.
     KRNExpectPoints(KRNProfile(s.record, MI_PP_PROFILE), {{100, 40}, {70, 50}, {30, 150}, {0, 150}});
 }
 
-TEST(UniversalMultishot, OKReturnsThePagesEditsEvenFromAReadOnlyRecord) {
+// Hosted on a read-only record: OK still returns the page's edits.
+TEST(UniversalMultishot, HostedWithoutAModalLoopOKReturnsEditsEvenFromAReadOnlyRecordAndOpenedAgain) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachineData(MI_READ_ONLY, true);
-    Session s = OpenPanel<Frame>(r, [](Frame&) {
-        Type(kSpeed[1], "100");
-        Type(IDC_VP_POSITION, "30");
-        Type(IDC_INJECTION_PRESSURE, "120");
-        Click(IDC_KEY_PROCESS);  // the page already shown: changes nothing
-        OK();
-    });
-    EXPECT_NEAR(KRNProfile(s.record, MI_FP_PROFILE)[1].second, TopSpeedShare(100), 1e-9);
-    EXPECT_EQ(KRNItem(s.record, MI_VP_RAM_POSITION), 30.0);  // taken as typed
-    // On an existing pressure profile only the first level changes.
-    KRNExpectPoints(KRNProfile(s.record, MI_P_PROFILE), {{100, 75}, {60, 85}, {15, 60}, {0, 60}});
-}
-
-TEST(UniversalMultishot, HostedWithoutAModalLoopAndOpenedAgain) {
     CKRNProMachineInterface panels;
-    panels.CreateMachineDialog(KRN40mmRecord(), "UMS-Series");
+    panels.CreateMachineDialog(r, "UMS-Series");
     ASSERT_NE(KRNDriver::TopDialog(), nullptr);
     EXPECT_FALSE(panels.CanUpdate());
     Type(kSpeed[1], "100");
+    Type(IDC_VP_POSITION, "30");
+    Type(IDC_INJECTION_PRESSURE, "120");
+    Click(IDC_KEY_PROCESS);  // the page already shown: changes nothing
     OK();
     EXPECT_TRUE(panels.CanUpdate());
-    EXPECT_NEAR(KRNProfile(panels.GetMachineData(), MI_FP_PROFILE)[1].second, TopSpeedShare(100), 1e-9);
+    const CKRNMachineData back = panels.GetMachineData();
+    EXPECT_NEAR(KRNProfile(back, MI_FP_PROFILE)[1].second, TopSpeedShare(100), 1e-9);
+    EXPECT_EQ(KRNItem(back, MI_VP_RAM_POSITION), 30.0);  // taken as typed
+    // On an existing pressure profile only the first level changes.
+    KRNExpectPoints(KRNProfile(back, MI_P_PROFILE), {{100, 75}, {60, 85}, {15, 60}, {0, 60}});
 
-    // Opened again on the same interface: one page, the new record; Cancel leaves no update.
+    // Opened again on the same interface (one set of pages: PanelLifetimeTest):
+    // the new record; Cancel leaves no update.
     panels.SetHasUpdate(false);
     CKRNMachineData other = KRN40mmRecord();
     other.SetMachineData(MI_VP_RAM_POSITION, 25.0);
     panels.CreateMachineDialog(other, "UMS-Series");
     ASSERT_NE(KRNDriver::TopDialog(), nullptr);
-    EXPECT_EQ(KRNDriver::TopDialog()->findChildren<CKRNPanelPage*>().size(), 1);
     EXPECT_EQ(Text(IDC_VP_POSITION), "25");
     Type(kSpeed[1], "50");
     Cancel();
