@@ -43,6 +43,9 @@ int LitKey(Frame& frame) {
 
 }  // namespace
 
+// Every page of the 40 mm record: its numbers shown and taken, a hundred
+// percent the most a stage takes, every edit checked, the first position the
+// full stroke; only the shown page's key lit.
 TEST(MitsubishiHydraulic, EachPageShowsAndTakesItsNumbersAndOnlyTheShownPagesKeyIsLit) {
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachineData(MI_SUCK_BACK_VALUE, 5.0);
@@ -76,27 +79,6 @@ TEST(MitsubishiHydraulic, EachPageShowsAndTakesItsNumbersAndOnlyTheShownPagesKey
         EXPECT_EQ(Text(1556), "159.2 mm/s");  // 100 %: 200 cm3/s over a 40 mm screw
         EXPECT_EQ(Text(1557), "160 MPa");
 
-        // The shown page's key does nothing; another commits and shows every page afresh.
-        Keys(kPosition[1], "90");
-        Click(kKeySpeed);
-        EXPECT_EQ(Text(kPosition[1]), "90");
-        Click(kKeyTemp);
-        EXPECT_EQ(LitKey(frame), 0);
-        Click(kKeySpeed);
-        EXPECT_EQ(Text(kPosition[1]), "90.00");
-        OK();
-    });
-    EXPECT_EQ(s.result, IDOK);
-    EXPECT_EQ(s.messages, (std::vector<std::string>{"Please enter a value not above 999.00 and not below -100.00."}));
-    EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 235.5);
-    EXPECT_EQ(KRNItem(s.record, MI_SUCK_BACK_VALUE), 0.0);
-    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[1], (std::pair<double, double>(75.0, 70.0)));
-}
-
-TEST(MitsubishiHydraulic, AHundredPercentIsTheMostEveryEditIsCheckedAndTheFirstPositionIsTheStroke) {
-    const CKRNMachineData r = KRN40mmRecord();
-    Session s = OpenPanel<Frame>(r, [](Frame& frame) {
-        Click(kKeySpeed);
         Type(kSpeed[1], "100");
         Type(kPressure[0], "100.01");
         EXPECT_EQ(Text(kPressure[0]), "70.00");
@@ -113,12 +95,24 @@ TEST(MitsubishiHydraulic, AHundredPercentIsTheMostEveryEditIsCheckedAndTheFirstP
         Click(kKeyTemp);
         Click(kKeySpeed);
         EXPECT_EQ(Text(kPosition[1]), "127.50");  // 85 % of 150 mm
-        Type(kPosition[2], "60");                  // x 40; the pressure stages keep theirs
+
+        // The shown page's key does nothing; another commits and shows every page afresh.
+        Keys(kPosition[2], "60");  // x 40; the pressure stages keep theirs
+        Click(kKeySpeed);
+        EXPECT_EQ(Text(kPosition[2]), "60");
+        Click(kKeyTemp);
+        EXPECT_EQ(LitKey(frame), 0);
+        Click(kKeySpeed);
+        EXPECT_EQ(Text(kPosition[2]), "60.00");
         OK();
     });
-    EXPECT_EQ(s.messages, (std::vector<std::string>{"Please enter a value not greater than 100.00.", "Please enter a number.",
+    EXPECT_EQ(s.result, IDOK);
+    EXPECT_EQ(s.messages, (std::vector<std::string>{"Please enter a value not above 999.00 and not below -100.00.",
+                                                    "Please enter a value not greater than 100.00.", "Please enter a number.",
                                                     "Please enter a value not above 100.00 and not below 0.00.",
                                                     "Please enter a number."}));
+    EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 235.5);
+    EXPECT_EQ(KRNItem(s.record, MI_SUCK_BACK_VALUE), 0.0);
     EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 150.0);
     EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[1], (std::pair<double, double>(85.0, 100.0)));
     EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[2], (std::pair<double, double>(60.0 / 150.0 * 100.0, 90.0)));
@@ -139,7 +133,9 @@ TEST(MitsubishiHydraulic, NoStrokeNoPositions) {
         Type(kSpeed[0], "45");
         OK();
     });
-    EXPECT_EQ(s.messages.size(), 2u);
+    const std::string noFullScale = "The machine data give this value no full scale (a screw diameter, stroke, "
+                                    "pressure or time of 0): the entry can't be stored.";
+    EXPECT_EQ(s.messages, std::vector<std::string>(2, noFullScale));
     EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE)[0], (std::pair<double, double>(100.0, 45.0)));
 }
 
@@ -181,4 +177,5 @@ TEST(MitsubishiHydraulic, ReadOnlyCancelAndTheInterface) {
                   Cancel();
               });
     EXPECT_FALSE(panels.IsOK());
+    EXPECT_EQ(KRNItem(panels.GetMachineData(), MI_MELT_TEMPERATURE), 260.0);
 }
