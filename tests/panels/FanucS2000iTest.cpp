@@ -26,86 +26,75 @@ constexpr int kSpeedStages = 1125, kHoldStages = 1140, kPressureLimit = 1195;
 
 }  // namespace
 
-// Short profiles are padded on screen, long ones show their first stages;
-// neither Enter nor Escape closes the panel, and OK without edits gives the
-// record back as it came.
-TEST(FanucS2000i, ProfilesShowTheirFirstStagesAndOkWithoutEditsKeepsThem) {
-    CKRNMachineData r = KRN40mmRecord();
-    KRNSetProfile(r, MI_FP_PROFILE, {{100, 50}, {0, 50}});
-    OpenPanel<Fanuc>(r, [] {
-        EXPECT_FALSE(Text(1138).empty());  // the menu's first key is on show
+// What is taken reaches the record: hold stages as shares of the packing
+// time, the first position as the full stroke, plain values in their items.
+// A refused entry (a speed at the keystroke that crosses the full scale)
+// shows the value taken last and leaves the record as it was.
+TEST(FanucS2000i, EntriesAreTakenOrRefusedWithTheFieldRestored) {
+    Session s = OpenPanel<Fanuc>(KRN40mmRecord(), [] {
         Click(kKeyPacking);
-        EXPECT_EQ(Text(kSpeedStages), "5");  // short profiles are padded
-        EXPECT_EQ(Text(kSpeed[0]), "79.58");  // 50 % of 159.16 mm/s
-        EXPECT_EQ(Text(kSpeed[1]), "0.00");
-        EXPECT_EQ(Text(kPosition[0]), "120.00");
-        OK();
-    });
-    KRNSetProfile(r, MI_FP_PROFILE, {{100, 10}, {90, 20}, {80, 30}, {70, 40}, {60, 50}, {50, 60}, {0, 60}});
-    Session s = OpenPanel<Fanuc>(r, [] {
-        Click(kKeyPacking);
-        EXPECT_EQ(Text(kSpeedStages), "6");
-        EXPECT_EQ(Text(kSpeed[4]), "79.58");
-        EXPECT_EQ(Text(kPosition[3]), "84.00");
-        PressKey(Qt::Key_Return);
-        PressKey(Qt::Key_Escape);
-        EXPECT_NE(KRNDriver::TopDialog(), nullptr);
-        OK();
-    });
-    EXPECT_EQ(s.result, IDOK);
-    for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
-    EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 6.0);
-}
-
-// Refused entries leave field and record as they were (a speed is refused at
-// the keystroke that crosses the full scale); plain fields store what is
-// typed, within reason.
-TEST(FanucS2000i, ValuesNoMachineTakesNeverReachTheRecord) {
-    const CKRNMachineData r = KRN40mmRecord();
-    Session s = OpenPanel<Fanuc>(r, [] {
-        Click(kKeyPacking);
-        Keys(kSpeed[1], "200");
-        EXPECT_EQ(Text(kSpeed[1]), "20.00");  // the last accepted value is back
+        Keys(kSpeed[1], "200");  // 20 is taken, 200 refused
         for (const char* text : {"abc", "nan", "1e999", "1e300", "-5"}) {
             Type(kSpeed[0], text);
             EXPECT_EQ(Text(kSpeed[0]), "63.66") << text;
         }
+        EXPECT_EQ(Text(kHoldTime[0]), "1.50");  // the last of three stages: 25 % of 6 s
+        Type(kHoldPressure[0], "560");          // 70 % of 80 MPa, in bar
+        Type(kHoldTime[0], "1");
+        Type(kHoldTime[1], "2");
+        Type(kHoldTime[2], "1");
         Type(kHoldTime[0], "-1");
-        EXPECT_EQ(Text(kHoldTime[0]), "1.50");  // 25 % of 6 s
-        Type(kHoldTime[1], "1e308");
-        EXPECT_EQ(Text(kHoldTime[1]), "3.00");
+        EXPECT_EQ(Text(kHoldTime[0]), "1.00");
+        Type(kPosition[0], "110");
+        Leave(kPosition[0]);
+        Type(kPosition[1], "55");  // now against 110 mm
         Type(kPosition[1], "1e308");
+        Type(kPressureLimit, "1400");
         Type(kPressureLimit, "-1e308");
-        Type(1134, "1e308");  // V/P position
-        Click(kKeyMenu);
-        Click(1140);  // temperature page
-        Type(1309, "-1e308");  // melt temperature
+        Type(1134, "21.5");  // V/P position
+        Type(1134, "1e308");
+        Click(kToCooling);
+        EXPECT_EQ(Text(1804), "21.50");
+        Type(1369, "12.5");
+        Click(1755);  // to temperature
+        Type(1309, "245");
+        Type(1309, "-1e308");
+        Click(1248);  // to retreat
+        Type(1245, "4");
         OK();
     });
-    ASSERT_EQ(s.messages.size(), 12u);
-    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 159.16.");
-    EXPECT_EQ(s.messages[1], "Please enter a number.");
-    EXPECT_EQ(s.messages[4], s.messages[0]);
-    // Times run up to 9999 s, not below 0.
-    EXPECT_EQ(s.messages[6], "Please enter a value not above 9999.00 and not below 0.00.");
-    EXPECT_EQ(s.messages[7], s.messages[6]);
+    const std::string over = "Please enter a value not greater than 159.16.", number = "Please enter a number.",
+                      range = "Please enter a value not above 9999.00 and not below 0.00.",
+                      temperature = "Please enter a value not above 999.00 and not below -100.00.";
+    EXPECT_EQ(s.messages, (std::vector<std::string>{over, number, number, number, over, range, range, range, range,
+                                                    range, temperature}));
     EXPECT_TRUE(KRNAllFinite(s.record));
-    for (KRNMACHINEITEM item : {MI_INJECTION_PRESSURE, MI_VP_RAM_POSITION, MI_MELT_TEMPERATURE, MI_PACKING_TIME})
-        EXPECT_EQ(KRNItem(s.record, item), KRNItem(r, item)) << item;
-    EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE), KRNProfile(r, MI_PP_PROFILE));
-    KRNPointList fp = KRNProfile(r, MI_FP_PROFILE);
-    fp[1].second = 20.0 / KRN40mmTopSpeed() * 100.0;
-    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), fp);
+    // Stages of 1, 2 and 1 s, the last first.
+    KRNExpectPoints(KRNProfile(s.record, MI_PP_PROFILE), {{100, 40}, {75, 50}, {25, 70}, {0, 70}});
+    EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 4.0);
+    EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 110.0);
+    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE),
+                    {{100, 40}, {50, 20.0 / KRN40mmTopSpeed() * 100.0}, {60, 90}, {35, 60}, {15, 35}, {0, 35}});
+    EXPECT_EQ(KRNItem(s.record, MI_INJECTION_PRESSURE), 140.0);
+    EXPECT_EQ(KRNItem(s.record, MI_VP_RAM_POSITION), 21.5);
+    EXPECT_EQ(KRNItem(s.record, MI_COOLING_TIME), 12.5);
+    EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 245.0);
+    EXPECT_EQ(KRNItem(s.record, MI_SUCK_BACK_VALUE), 4.0);
 }
 
-// Counts outside 1..99 are refused with the count kept; half-typed texts are
-// an entry in progress; a middle hold stage without time is dropped.
+// A long profile shows its first stages. Counts outside 1..99 are refused
+// with the count kept; half-typed texts are an entry in progress; a middle
+// hold stage without time is dropped.
 TEST(FanucS2000i, StageCountsGrowAndShrinkTheProfilesWithinOneTo99) {
-    Session s = OpenPanel<Fanuc>(KRN40mmRecord(), [] {
+    CKRNMachineData r = KRN40mmRecord();
+    KRNSetProfile(r, MI_FP_PROFILE, {{100, 10}, {90, 20}, {80, 30}, {70, 40}, {60, 50}, {50, 60}, {0, 60}});
+    Session s = OpenPanel<Fanuc>(r, [] {
         Click(kKeyPacking);
+        EXPECT_EQ(Text(kSpeed[4]), "79.58");     // 50 % of 159.16 mm/s
+        EXPECT_EQ(Text(kPosition[3]), "84.00");  // 70 % of 120 mm
         for (const char* text : {"2147483647", "100000", "300000000", "1e3", "0"}) {
             Type(kSpeedStages, text);
-            EXPECT_EQ(Text(kSpeedStages), "5") << text;
+            EXPECT_EQ(Text(kSpeedStages), "6") << text;
         }
         Type(kSpeedStages, "2");
         EXPECT_TRUE(Enabled(kSpeed[1]));
@@ -113,8 +102,6 @@ TEST(FanucS2000i, StageCountsGrowAndShrinkTheProfilesWithinOneTo99) {
         EXPECT_EQ(Text(kSpeed[2]), "0");
         // Deleting "2" to type "3" passes through an empty field.
         for (const char* text : {"", "-", "-1", "abc", "2.5", "1e"}) Type(kSpeedStages, text);
-        EXPECT_TRUE(Enabled(kSpeed[1]));
-        EXPECT_FALSE(Enabled(kSpeed[2]));
         Type(kHoldTime[1], "0");
         Click(kKeyMenu);
         Click(kKeyPacking);
@@ -123,11 +110,9 @@ TEST(FanucS2000i, StageCountsGrowAndShrinkTheProfilesWithinOneTo99) {
         Type(kHoldStages, "99");  // the most a count field takes
         OK();
     });
-    ASSERT_EQ(s.messages.size(), 5u);
-    EXPECT_EQ(s.messages[0], "Can't more than 99");
-    EXPECT_EQ(s.messages[3], "Can't more than 99");
-    EXPECT_EQ(s.messages[4], "Can't smaller than 1");
-    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), (KRNPointList{{100, 40}, {85, 70}, {0, 70}}));
+    const std::string more = "Can't more than 99";
+    EXPECT_EQ(s.messages, (std::vector<std::string>{more, more, more, more, "Can't smaller than 1"}));
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), (KRNPointList{{100, 10}, {90, 20}, {0, 20}}));
     EXPECT_EQ(KRNProfile(s.record, MI_PP_PROFILE).size(), 100u);
 }
 
@@ -139,9 +124,7 @@ TEST(FanucS2000i, MachinesWithoutFullScaleWriteNothingThatIsNoNumber) {
     Session s = OpenPanel<Fanuc>(r, [] {
         Click(kKeyPacking);
         EXPECT_EQ(Text(kSpeed[0]), "---");  // no screw diameter: no mm/s to show
-        Type(kSpeed[0], "50");
-        Type(kPosition[1], "50");
-        Type(kHoldPressure[0], "100");
+        for (int id : {kSpeed[0], kPosition[1], kHoldPressure[0]}) Type(id, "50");
         OK();
     });
     EXPECT_TRUE(KRNAllFinite(s.record));
@@ -151,55 +134,30 @@ TEST(FanucS2000i, MachinesWithoutFullScaleWriteNothingThatIsNoNumber) {
     EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), KRNProfile(r, MI_FP_PROFILE));
 }
 
-// Hold stages go back as shares of the packing time; the first position sets
-// the full stroke; plain values go to their items.
-TEST(FanucS2000i, TypedStagesAndValuesReachTheRecord) {
-    Session s = OpenPanel<Fanuc>(KRN40mmRecord(), [] {
-        Click(kKeyPacking);
-        // 60 %, 50 % and 40 % of 80 MPa, in bar.
-        for (int i = 0; i < 3; ++i) Type(kHoldPressure[i], QString::number(480 - 80 * i));
-        Type(kHoldTime[0], "1");
-        Type(kHoldTime[1], "2");
-        Type(kHoldTime[2], "1");
-        Type(kPosition[0], "110");
-        Leave(kPosition[0]);
-        Type(kPosition[1], "55");  // now against 110 mm
-        Type(kPressureLimit, "1400");
-        Type(1134, "21.5");
-        Click(kToCooling);
-        EXPECT_EQ(Text(1804), "21.50");
-        Type(1369, "12.5");
-        Click(1755);  // to temperature
-        Type(1309, "245");
-        Click(1248);  // to retreat
-        Type(1245, "4");
-        OK();
-    });
-    KRNExpectPoints(KRNProfile(s.record, MI_PP_PROFILE), {{100, 40}, {75, 50}, {25, 60}, {0, 60}});
-    EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 4.0);
-    EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 110.0);
-    const KRNPointList fp = KRNProfile(s.record, MI_FP_PROFILE);
-    EXPECT_EQ(fp[0].first, 100.0);
-    EXPECT_EQ(fp[1].first, 50.0);
-    EXPECT_EQ(KRNItem(s.record, MI_INJECTION_PRESSURE), 140.0);
-    EXPECT_EQ(KRNItem(s.record, MI_VP_RAM_POSITION), 21.5);
-    EXPECT_EQ(KRNItem(s.record, MI_COOLING_TIME), 12.5);
-    EXPECT_EQ(KRNItem(s.record, MI_MELT_TEMPERATURE), 245.0);
-    EXPECT_EQ(KRNItem(s.record, MI_SUCK_BACK_VALUE), 4.0);
-}
-
-TEST(FanucS2000i, ReadOnlyRecordsNeverChange) {
+// A read-only record never changes: nothing typed is taken, and a short
+// profile, padded on screen, goes back as it came. Neither Enter nor Escape
+// closes the panel.
+TEST(FanucS2000i, ReadOnlyRecordsNeverChangeThoughShortProfilesArePaddedOnScreen) {
     CKRNMachineData r = KRN40mmRecord();
+    KRNSetProfile(r, MI_FP_PROFILE, {{100, 50}, {0, 50}});
     r.SetMachineData(MI_READ_ONLY, true);
     Session s = OpenPanel<Fanuc>(r, [] {
+        EXPECT_FALSE(Text(1138).empty());  // the menu's first key is on show
+        PressKey(Qt::Key_Return);
+        PressKey(Qt::Key_Escape);
         Click(kKeyPacking);
+        EXPECT_EQ(Text(kSpeedStages), "5");
+        EXPECT_EQ(Text(kSpeed[1]), "0.00");
+        EXPECT_EQ(Text(kPosition[0]), "120.00");  // the full stroke
         Type(kSpeed[0], "100");
         Type(kHoldTime[0], "3");
         Click(kToCooling);
         Type(1369, "99");
         OK();
     });
+    EXPECT_EQ(s.result, IDOK);
     for (KRNMACHINEITEM p : {MI_FP_PROFILE, MI_P_PROFILE, MI_PP_PROFILE}) EXPECT_EQ(KRNProfile(s.record, p), KRNProfile(r, p));
+    EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 6.0);
     EXPECT_EQ(KRNItem(s.record, MI_COOLING_TIME), 15.0);
 }
 
