@@ -9,8 +9,6 @@
 #include "chenhsong_cdc2000/ChenHsongCdc2000Ids.h"
 #include "common/KRNClockText.h"
 
-#include <QStringEncoder>
-
 #include <gtest/gtest.h>
 
 using namespace KRNTest;
@@ -41,49 +39,10 @@ std::time_t SundayFivePastEight() {
 
 }  // namespace
 
-// The controller writes its weekdays in Big5; the screen must show the same characters.
-TEST(ChenHsongCdc2000, ClockLineOfASundayWithTheControllersBig5WeekdaysAndTheModelPage) {
-    const KRNTimeSource previous = KRNSetTimeSource(&SundayFivePastEight);
-    OpenPanel<Frame>(KRN40mmRecord(), [](Frame& frame) {
-        EXPECT_EQ(Text(kClock), "2024/03/03 (\u65e5) 8:5");
-        EXPECT_EQ(Text(kMelt), "260");
-        frame.GetDlgItem(1766)->setVisible(true);  // the key the controller keeps hidden
-        Click(1766);
-        EXPECT_EQ(Text(Cdc::IDC_SCREW_DIAMETER), "40");
-        EXPECT_EQ(Text(Cdc::IDC_MAX_SPEED), Fixed(KRN40mmTopSpeed(), 2));
-        Cancel();
-    });
-    KRNSetTimeSource(previous);
-
-    const char* big5[7] = {"\xA4\xE9", "\xA4\x40", "\xA4\x47", "\xA4\x54", "\xA5\x7C", "\xA4\xAD", "\xA4\xBB"};
-    QStringEncoder toBig5("Big5");
-    for (int day = 0; day < 7; ++day)
-        EXPECT_EQ(QByteArray(toBig5.encode(ChenHsongWeekday(day))), QByteArray(big5[day])) << day;
-    EXPECT_EQ(ChenHsongWeekday(7), "?");
-}
-
-TEST(ChenHsongCdc2000, AThreePointProfileShowsFourSpeedStagesFivePositionsAndANewStroke) {
-    CKRNMachineData r = KRN40mmRecord();
-    KRNSetProfile(r, MI_FP_PROFILE, {{100, 50}, {40, 80}, {0, 80}});
-    const Session s = OpenPanel<Frame>(r, [] {
-        Click(kToTimes);
-        EXPECT_EQ(Text(kSpeed[1]), Fixed(0.8 * KRN40mmTopSpeed(), 2));
-        EXPECT_EQ(Text(kSpeed[3]), "0.00");       // a padded stage
-        EXPECT_EQ(Text(kPosition[1]), "48.00");   // 40 % of 120 mm
-        EXPECT_EQ(Text(kPosition[4]), "0.00");
-        EXPECT_EQ(Text(kPressure[0]), "112.00");  // 70 % of 160 MPa
-        Enter(kPosition[0], "150");  // screw position 0 is the full stroke; the others keep their mm
-        EXPECT_EQ(Text(kPosition[1]), "48.00");
-        OK();
-    });
-    EXPECT_TRUE(s.messages.empty());
-    EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 150.0);
-    // The padded stages go again at OK.
-    KRNExpectPoints(KRNProfile(s.record, MI_FP_PROFILE), {{100, 50}, {48.0 / 150.0 * 100.0, 80}, {0, 80}});
-    EXPECT_EQ(KRNProfile(s.record, MI_P_PROFILE), (KRNPointList{{100, 70}, {60, 85}, {15, 60}, {0, 60}}));
-}
-
-TEST(ChenHsongCdc2000, ScrewPositionsRefusedWithTheFieldRestored) {
+// Packing pressure 80 MPa over 6 s; the profile 100/40, 75/50, 25/60, 0/60
+// read from the last-but-one point: 60 % for 25 % of 6 s, 50 % for 50 %, 40 % for 25 %.
+// Screw positions and holding stages are refused with the field restored.
+TEST(ChenHsongCdc2000, HoldingStagesShownFromTheEndAndRefusalsOfTheTimesPage) {
     CKRNMachineData r = KRN40mmRecord();
     KRNSetProfile(r, MI_FP_PROFILE, {{100, 40}, {0, 40}});
     const Session s = OpenPanel<Frame>(r, [] {
@@ -92,21 +51,6 @@ TEST(ChenHsongCdc2000, ScrewPositionsRefusedWithTheFieldRestored) {
         EXPECT_EQ(Text(kPosition[0]), "120.00");
         Enter(kPosition[1], "130");  // beyond the 120 mm stroke
         EXPECT_EQ(Text(kPosition[1]), "0.00");
-        OK();
-    });
-    ASSERT_EQ(s.messages.size(), 2u);
-    EXPECT_EQ(s.messages[0], "Error:\nAll screw position field cannot be zero.");
-    EXPECT_EQ(s.messages[1], "Please enter a value not greater than 120.00.");
-    EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 120.0);
-    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), (KRNPointList{{100, 40}, {0, 40}}));
-}
-
-// Packing pressure 80 MPa over 6 s; the profile 100/40, 75/50, 25/60, 0/60
-// read from the last-but-one point: 60 % for 25 % of 6 s, 50 % for 50 %, 40 % for 25 %.
-TEST(ChenHsongCdc2000, HoldingStagesShownFromTheEndAndRebuiltFromTheirTimes) {
-    const Session s = OpenPanel<Frame>(KRN40mmRecord(), [] {
-        Click(kToTimes);
-        EXPECT_EQ(Text(kHoldPressure[0]), "48.00");
         EXPECT_EQ(Text(kHoldPressure[2]), "32.00");
         EXPECT_EQ(Text(kHoldTime[1]), "3.00");
         Enter(kHoldTime[1], "2");
@@ -115,8 +59,11 @@ TEST(ChenHsongCdc2000, HoldingStagesShownFromTheEndAndRebuiltFromTheirTimes) {
         EXPECT_EQ(Text(kHoldPressure[0]), "48.00");
         OK();
     });
-    ASSERT_EQ(s.messages.size(), 1u);
-    EXPECT_EQ(s.messages[0], "Please enter a value not greater than 80.00.");
+    EXPECT_EQ(s.messages, (std::vector<std::string>{"Error:\nAll screw position field cannot be zero.",
+                                                    "Please enter a value not greater than 120.00.",
+                                                    "Please enter a value not greater than 80.00."}));
+    EXPECT_EQ(KRNItem(s.record, MI_MAX_RAM_POSITION), 120.0);
+    EXPECT_EQ(KRNProfile(s.record, MI_FP_PROFILE), (KRNPointList{{100, 40}, {0, 40}}));
     // Stage times 1.5, 2, 1.5 s added up from the end: 25 %, 58.33 %, 83.33 % of 6 s.
     KRNExpectPoints(KRNProfile(s.record, MI_PP_PROFILE), {{5.0 / 6.0 * 100.0, 45}, {3.5 / 6.0 * 100.0, 50}, {25, 60}, {0, 60}});
     EXPECT_EQ(KRNItem(s.record, MI_PACKING_TIME), 6.0);
@@ -127,35 +74,64 @@ TEST(ChenHsongCdc2000, HoldingStagesShownFromTheEndAndRebuiltFromTheirTimes) {
         EXPECT_EQ(Text(kHoldTime[2]), "1.50");
         OK();
     });
-    ASSERT_EQ(zero.messages.size(), 1u);
-    EXPECT_EQ(zero.messages[0], "Error:\nAll pack time field cannot be zero.");
+    EXPECT_EQ(zero.messages, std::vector<std::string>{"Error:\nAll pack time field cannot be zero."});
     // The first two stages took no time; the third is what is left.
     EXPECT_EQ(KRNProfile(zero.record, MI_PP_PROFILE), (KRNPointList{{25, 40}, {0, 40}}));
 }
 
+// Through the interface, on a Sunday at 08:05: the clock line with the
+// controller's weekday; a profile of three points shows four speed stages,
+// and screw position 0 sets the full stroke while the others keep their mm;
+// every change is taken, pages commit when left, the model page sits behind
+// the key the controller keeps hidden, and no key closes the panel.
 TEST(ChenHsongCdc2000, ThroughTheInterfaceEveryChangeIsTakenPagesCommitAndNoKeyCloses) {
+    const KRNTimeSource previous = KRNSetTimeSource(&SundayFivePastEight);
     CKRNMachineData r = KRN40mmRecord();
     r.SetMachineData(MI_INJECTION_TIME, 1.25);
+    KRNSetProfile(r, MI_FP_PROFILE, {{100, 50}, {40, 80}, {0, 80}});
     KRNMessageCapture messages;
     CKRNProMachineInterface panels;
     WhileOpen([&] { panels.KRNDoModal(r, "CHEN HSONG-CDC2000"); }, [] {
+        EXPECT_EQ(Text(kClock), "2024/03/03 (\u65e5) 8:5");
+        EXPECT_EQ(Text(kMelt), "260");
         Keys(kMelt, "245");
-        PressKey(Qt::Key_Return);  // neither key closes the panel
+        PressKey(Qt::Key_Return);
         PressKey(Qt::Key_Escape);
         Click(kToTimes);
+        EXPECT_EQ(Text(kSpeed[1]), Fixed(0.8 * KRN40mmTopSpeed(), 2));
+        EXPECT_EQ(Text(kSpeed[3]), "0.00");       // a padded stage
+        EXPECT_EQ(Text(kPosition[1]), "48.00");   // 40 % of 120 mm
+        EXPECT_EQ(Text(kPressure[0]), "112.00");  // 70 % of 160 MPa
+        Enter(kPosition[0], "150");
         Enter(kInjectionTime, "x");  // no number: refused, shown as it was
         EXPECT_EQ(Text(kInjectionTime), "1.25");
         Enter(kInjectionTime, "2.5");
         Click(kToTemps);
         EXPECT_EQ(Text(kMelt), "245");
+        KRNDriver::TopDialog()->GetDlgItem(1766)->setVisible(true);  // the hidden model key
+        Click(1766);
+        EXPECT_EQ(Text(Cdc::IDC_SCREW_DIAMETER), "40");
+        EXPECT_EQ(Text(Cdc::IDC_MAX_SPEED), Fixed(KRN40mmTopSpeed(), 2));
         OK();
     });
+    KRNSetTimeSource(previous);
     EXPECT_TRUE(panels.IsOK());
-    EXPECT_EQ(messages.Texts().size(), 1u);
-    EXPECT_EQ(KRNItem(panels.GetMachineData(), MI_MELT_TEMPERATURE), 245.0);
-    EXPECT_EQ(KRNItem(panels.GetMachineData(), MI_INJECTION_TIME), 2.5);
+    EXPECT_EQ(messages.Texts(), std::vector<std::string>{"Please enter a number."});
+    const CKRNMachineData taken = panels.GetMachineData();
+    EXPECT_EQ(KRNItem(taken, MI_MELT_TEMPERATURE), 245.0);
+    EXPECT_EQ(KRNItem(taken, MI_INJECTION_TIME), 2.5);
+    EXPECT_EQ(KRNItem(taken, MI_MAX_RAM_POSITION), 150.0);
+    // The padded stages go again at OK.
+    KRNExpectPoints(KRNProfile(taken, MI_FP_PROFILE), {{100, 50}, {48.0 / 150.0 * 100.0, 80}, {0, 80}});
+    EXPECT_EQ(KRNProfile(taken, MI_P_PROFILE), (KRNPointList{{100, 70}, {60, 85}, {15, 60}, {0, 60}}));
     const Session hot = OpenPanel<Frame>(r, [] { Type(kMelt, "hot"); OK(); });
     EXPECT_EQ(KRNItem(hot.record, MI_MELT_TEMPERATURE), 0.0);  // reads as 0
+
+    // The weekdays as the controller stores them in Big5, Sunday first.
+    QString week;
+    for (int day = 0; day < 7; ++day) week += ChenHsongWeekday(day);
+    EXPECT_EQ(week, QStringLiteral("\u65e5\u4e00\u4e8c\u4e09\u56db\u4e94\u516d"));
+    EXPECT_EQ(ChenHsongWeekday(7), "?");
 }
 
 TEST(ChenHsongCdc2000, ReadOnlyAndCancel) {
